@@ -1,0 +1,50 @@
+// Element sets, orbit models and the state of a satellite at an instant. The models follow Hoots and Roehrich,
+// "Spacetrack Report No. 3", with the program's own deviations, which docs/numerics.md lists.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "shell/base/mGlobal.h"
+
+namespace halvorine {
+
+/// The working copy of an element set that the models read: radians and minutes. Overwritten for each
+/// computation. The rates behind the elements are shared with the deep-space model.
+struct WorkingElementsRecord {
+  double M0 = 0, Node0 = 0, Omega0 = 0, E0 = 0, I0 = 0;  // radians, pure number for E0
+  double N0 = 0;                                         // radians per minute
+  double NDot = 0;                                       // radians per minute squared
+  double NDDot = 0;                                      // radians per minute cubed
+  double Bstar = 0;                                      // per Earth radius
+  double Epoch = 0;                                      // Julian day
+  double Aodp = 0, Xnodp = 0;                            // recovered axis (Earth radii) and motion
+};
+
+inline WorkingElementsRecord WorkingElements;
+
+/// Output of the models in their inertial frame (true equator and mean equinox of the epoch): km and km/s.
+/// A failing model leaves both wholly as they were.
+inline std::array<double, 3> PositionKm{}, VelocityKmS{};
+
+/// Altitude of the Sun at the observer for the instant of the last ComputeSatelliteState.
+inline double SunElevationDeg = 0, SunElevationRad = 0;
+
+/// Decodes three lines into the slot's element set and source lines. Bad numbers turn into what ParseNumber
+/// reads. A catalogue number that is no number raises ConversionFailure, one outside the magnitude table
+/// SubscriptFailure; everything that comes before the magnitude is decoded by then, and the epoch's Julian
+/// day and the radio channels are set all the same. Channels the slot holds already are kept.
+void Estrai_Dati_Satellite(int slot, const std::string& nameLine, const std::string& line1,
+                           const std::string& line2);
+
+/// Near-earth model SGP4 at `tsince` minutes from the epoch of WorkingElements; raises ArithmeticFailure.
+void PropagateSGP4(double tsince);
+
+/// State of a slot at a Julian day (Universal Time), for the observer in Site and the options of satellites.
+/// Writes the slot's SatelliteState, WorkingElements, both vectors and the Sun's elevation. A slot outside
+/// 1 to 202 raises SubscriptFailure, a mean motion of 0 ArithmeticFailure; any other failing statement is
+/// skipped and leaves what it was to write.
+void ComputeSatelliteState(int slot, double julianDay);
+
+}  // namespace halvorine

@@ -1,0 +1,152 @@
+// What windows let others call, and the registry of the windows that are loaded. A window publishes its calls
+// under its name when it is loaded and withdraws them when it is unloaded; callers ask IsFormLoaded first.
+// No window includes another window's header, and the engine can be run without any window.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "shell/base/mRecords.h"
+
+namespace halvorine {
+
+/// What every loaded window answers to.
+class FormCalls {
+ public:
+  virtual ~FormCalls() = default;
+  /// Ends the window for real, after it has stored what it keeps.
+  virtual void Unload() = 0;
+  /// Brings the window to the front.
+  virtual void Show() = 0;
+};
+
+/// MDIForm1.
+class MainFormCalls : public FormCalls {
+ public:
+  /// Text of a status bar panel, 1 to 3.
+  virtual void SetStatusPanel(int panel, const std::string& text) = 0;
+  /// Check mark of a menu item by its name; raises SubscriptFailure for an unknown name.
+  virtual bool IsChecked(std::string_view item) const = 0;
+  virtual void SetChecked(std::string_view item, bool checked) = 0;
+  virtual void SetEnabled(std::string_view item, bool enabled) = 0;
+  /// Runs the command of a menu item by its name, as a click on it would.
+  virtual void RunCommand(std::string_view item) = 0;
+  /// Opens one of the popup menus (mnuWorldmap, ...) at a place of the screen, in pixels.
+  virtual void PopupMenu(std::string_view menu, int screenX, int screenY) = 0;
+};
+
+/// frmWorldMap.
+class WorldMapCalls : public FormCalls {
+ public:
+  /// Opens the map of a kind, "Recta" or "Ortho".
+  virtual void ShowKind(std::string_view kind) = 0;
+  virtual void Genera_mappa() = 0;
+  virtual void Disegna_satellite(int slot) = 0;
+  virtual void Disegna_visibilita() = 0;
+  virtual void Disegna_griglia() = 0;
+  virtual void Disegna_orbita() = 0;
+  virtual void ShowTexts(const LiveTexts& texts) = 0;
+  /// Wipes the satellites off and blanks the data box.
+  virtual void Azzera_dati() = 0;
+  /// Takes over the options of the map: menu checks, toolbar, data box, then a rebuild.
+  virtual void Applica_opzioni() = 0;
+  /// Puts the plain title back, after the coordinate read-out.
+  virtual void ResetTitle() = 0;
+  /// The satellite under the pointer when the popup was opened, 0 for none.
+  virtual int HoveredSatellite() const = 0;
+};
+
+/// frmLocalSky.
+class LocalSkyCalls : public FormCalls {
+ public:
+  virtual void Genera_mappa() = 0;
+  virtual void Disegna_satellite_in_cielo(int slot) = 0;
+  virtual void ShowTexts(const LiveTexts& texts) = 0;
+  virtual void Azzera_dati() = 0;
+};
+
+/// frmFloating.
+class FloatingCalls : public FormCalls {
+ public:
+  virtual void ShowTexts(const LiveTexts& texts) = 0;
+};
+
+/// frmTime: real time or simulation, and its labels.
+class TimeCalls : public FormCalls {
+ public:
+  /// Value of chkUsaOraPc.
+  virtual bool UsesComputerClock() const = 0;
+  virtual void SetUsesComputerClock(bool on) = 0;
+  virtual void Aggiorna_dati() = 0;
+};
+
+/// frmTrack, frmPlanets: windows that the tick only refreshes.
+class RefreshCalls : public FormCalls {
+ public:
+  virtual void Aggiorna_dati() = 0;
+};
+
+/// frmDatabase.
+class DatabaseCalls : public FormCalls {
+ public:
+  /// Empties lists and labels before a read (the window is disabled until ReadEnded).
+  virtual void ReadBegins(int index) = 0;
+  /// Shows rows, statistics and the active list as they stand now.
+  virtual void ReadEnded(int index) = 0;
+  /// Selects only the row of lstActive at a position from 0.
+  virtual void SelectActive(int position) = 0;
+  /// The command of cmdRemove: removes the selected active satellites.
+  virtual void RemoveSelected() = 0;
+  /// Takes the rows of lstActive from the element sets again.
+  virtual void ActiveListChanged() = 0;
+};
+
+/// frmProgress.
+class ProgressCalls : public FormCalls {
+ public:
+  virtual void Begin(const std::string& task, double maximum) = 0;
+  virtual void SetValue(double value) = 0;
+};
+
+/// Whether a window of that name is loaded, compared without regard to case. Creates nothing.
+bool IsFormLoaded(std::string_view name);
+
+/// The calls of a loaded window, or null.
+FormCalls* LoadedForm(std::string_view name);
+
+/// The calls of a loaded window as its own type, or null.
+template <class Calls>
+Calls* Loaded(std::string_view name) {
+  return dynamic_cast<Calls*>(LoadedForm(name));
+}
+
+/// Loads a window hidden if it is not loaded yet; null where no such window can be made.
+FormCalls* LoadForm(std::string_view name);
+
+template <class Calls>
+Calls* Load(std::string_view name) {
+  return dynamic_cast<Calls*>(LoadForm(name));
+}
+
+/// Publishes or withdraws the calls of a window.
+void RegisterForm(const std::string& name, FormCalls* calls);
+void UnregisterForm(std::string_view name);
+
+/// Tells how a window is made at its first use; the maker registers it.
+void SetFormMaker(const std::string& name, std::function<void()> maker);
+
+/// Whether a maker for that window is known.
+bool CanLoadForm(std::string_view name);
+
+/// Unloads all windows but the named one, from the last loaded to the first.
+void UnloadAllForms(std::string_view except);
+
+/// Forgets all windows and makers; serves tests.
+void ResetForms();
+
+/// The main window, or null before it is made.
+MainFormCalls* MainForm();
+
+}  // namespace halvorine

@@ -1,0 +1,62 @@
+#include "shell/base/mPlatform.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+
+namespace halvorine {
+
+namespace {
+
+constexpr std::int64_t yieldInterval = 40;  // ms
+
+Platform* thePlatform = nullptr;
+
+[[noreturn]] void FailWriting(const std::string& path, int error, const std::string& temporary) {
+  if (!temporary.empty()) std::remove(temporary.c_str());
+  throw FileFailure("file " + path + " could not be written: " + std::strerror(error));
+}
+
+}  // namespace
+
+Platform& ThePlatform() {
+  if (thePlatform == nullptr) throw RuntimeFailure("no platform has been set");
+  return *thePlatform;
+}
+
+void SetPlatform(Platform* platform) { thePlatform = platform; }
+
+MessageAnswer Tell(MessageKind kind, const std::string& text, MessageButtons buttons) {
+  return ThePlatform().ShowMessage(kind, {}, text, buttons);
+}
+
+bool YieldClock::Due() {
+  const std::int64_t now = ThePlatform().Milliseconds();
+  if (now - last_ < yieldInterval) return false;
+  last_ = now;
+  return true;
+}
+
+void Platform::WriteFile(const std::string& path, const std::string& content) {
+  std::error_code ignored;
+  const std::filesystem::path folder = std::filesystem::path(path).parent_path();
+  if (!folder.empty()) std::filesystem::create_directories(folder, ignored);
+  // a link is followed, so that the file behind it is replaced and the link stays
+  const std::filesystem::path real = std::filesystem::weakly_canonical(path, ignored);
+  const std::string target = ignored ? path : real.string();
+  const std::string temporary = target + ".new";
+  std::FILE* file = std::fopen(temporary.c_str(), "wb");
+  if (file == nullptr) FailWriting(path, errno, {});
+  const bool written = std::fwrite(content.data(), 1, content.size(), file) == content.size();
+  const bool flushed = written && std::fflush(file) == 0 && ::fsync(::fileno(file)) == 0;
+  const int writeError = errno;
+  const bool closed = std::fclose(file) == 0;
+  if (!flushed || !closed) FailWriting(path, flushed ? errno : writeError, temporary);
+  if (std::rename(temporary.c_str(), target.c_str()) != 0) FailWriting(path, errno, temporary);
+}
+
+}  // namespace halvorine
