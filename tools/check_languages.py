@@ -153,6 +153,9 @@ def check_against_first(check, name, texts, first):
             check.fault(name, f"{place}: other placeholders than {LANGUAGES[0]}")
         if text.split("|")[1::2] != model.split("|")[1::2]:
             check.fault(name, f"{place}: other file patterns than {LANGUAGES[0]}")
+        for label, pattern in zip(text.split("|")[0::2], text.split("|")[1::2]):
+            if not label.endswith(f"({pattern})"):
+                check.fault(name, f"{place}: '{label}' does not name its pattern")
 
 
 def check_conditions(check, name, texts):
