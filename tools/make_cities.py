@@ -12,6 +12,9 @@ CITY_COUNT = 4233
 COUNTRY_COUNT = 218
 # The place that a new installation starts with goes by its Italian name.
 RENAMED = {"Italy: Milan": "Italy: Milano"}
+# Slips of the source: a longitude with a misplaced point, and two places without a zone of their own.
+CORRECTED_COORDINATES = {"Brazil: São Bernardo do Campo": (-23.693889, -46.565)}
+CORRECTED_ZONES = {"Chile: Hanga Roa": "Pacific/Easter", "Russia: Udachnyy": "Asia/Yakutsk"}
 
 
 def name_of(element):
@@ -70,6 +73,8 @@ def main():
     rows = {}
     for country, state, city, (latitude, longitude), zone in places:
         name = f"{country}: {city}"
+        latitude, longitude = CORRECTED_COORDINATES.get(name, (latitude, longitude))
+        zone = CORRECTED_ZONES.get(name, zone)
         if plain[name] > 1 and state:
             name += f" ({state})"
         name = RENAMED.get(name, name)
@@ -77,7 +82,7 @@ def main():
         assert -12 <= offset <= 14 and (offset * 4).is_integer(), (name, offset)
         # Sun time and zone agree within a few hours (the Antarctic apart); more betrays a wrong sign or zone.
         apart = abs((longitude / 15.0 - offset + 12.0) % 24.0 - 12.0)
-        assert apart < 4.0 or country == "Antarctica", (name, longitude, offset)
+        assert apart < 3.0 or country == "Antarctica", (name, longitude, offset)
         assert abs(latitude) <= 90 and abs(longitude) <= 180, name
         rows.setdefault(name, []).append((latitude, longitude, offset))
     repeated = sorted(name for name, found in rows.items() if len(found) > 1)
