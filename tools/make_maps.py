@@ -47,16 +47,27 @@ def blurred(values, radius):
     return numpy.asarray(picture.filter(ImageFilter.GaussianBlur(radius)), dtype=float)[:, margin:-margin] / 255.0
 
 
+def places():
+    """Latitudes and longitudes of the pixel centres."""
+    latitude = 90.0 - (numpy.arange(HEIGHT) + 0.5) * 180.0 / HEIGHT
+    longitude = (numpy.arange(WIDTH) + 0.5) * 360.0 / WIDTH - 180.0
+    return numpy.meshgrid(latitude, longitude, indexing="ij")
+
+
 def water_part(rgb):
-    """1 on open water, 0 on land and ice: water is blue beyond any soil, and dark in red."""
+    """1 on open water, 0 on land and ice: water is blue beyond any soil. Shadows on the southern ice are blue as well."""
     blueness = rgb[..., 2] - numpy.maximum(rgb[..., 0], 0.72 * rgb[..., 1])
-    return smooth_step(blueness, 12.0, 34.0)
+    latitude, _ = places()
+    return smooth_step(blueness, 12.0, 34.0) * (latitude > -69.5)
 
 
 def ice_part(rgb, luma):
-    """1 on snow and ice: light and without colour."""
+    """1 on snow and ice: light and without colour, but not the pale sands and salt flats around the Sahara."""
     spread = rgb.max(axis=2) - rgb.min(axis=2)
-    return smooth_step(luma, 150.0, 205.0) * (1.0 - smooth_step(spread, 26.0, 62.0))
+    latitude, longitude = places()
+    desert = (latitude > 5.0) & (latitude < 33.0) & (longitude > -20.0) & (longitude < 70.0)
+    ice = smooth_step(luma, 150.0, 205.0) * (1.0 - smooth_step(spread, 26.0, 62.0)) * ~desert
+    return numpy.where(latitude < -69.5, 1.0, ice)
 
 
 def tone_land(rgb, luma):
@@ -79,7 +90,7 @@ def make_flat_map(path):
     assert rgb.shape == (HEIGHT, WIDTH, 3), rgb.shape
     luma = rgb @ LUMA
     water, ice = water_part(rgb)[..., None], ice_part(rgb, luma)[..., None]
-    land = tone_land(rgb, luma) * (1.0 - ice) + (ICE + 0.06 * (luma[..., None] - 235.0)) * ice
+    land = tone_land(rgb, luma) * (1.0 - ice) + (ICE + 0.06 * (numpy.maximum(luma[..., None], 150.0) - 235.0)) * ice
     result = tone_ocean(rgb, luma) * water + land * (1.0 - water)
     check_flat_map(result, water[..., 0], ice[..., 0])
     return numpy.clip(result, 0.0, 255.0)
@@ -93,8 +104,8 @@ def check_flat_map(rgb, water, ice):
     assert LAND_DARKEST - 1 <= luma[dry].min() and luma[dry].max() <= LAND_LIGHTEST + 1
     assert numpy.abs(numpy.median(rgb[water > 0.98], axis=0) - OCEAN).max() < 8
     # Seven tenths of the Earth are sea (by area); the frozen Arctic counts as ice here.
-    weight = numpy.cos(numpy.radians(90.0 - (numpy.arange(HEIGHT) + 0.5) * 180.0 / HEIGHT))[:, None]
-    part = float((water * weight).sum() / (weight.sum() * WIDTH))
+    weight = numpy.cos(numpy.radians(places()[0]))
+    part = float((water * weight).sum() / weight.sum())
     assert 0.60 < part < 0.74, part
     for latitude, longitude, wet in [(0, -150, 1), (35, 18, 1), (-60, 0, 1), (23, 10, 0), (-5, -62, 0), (65, 100, 0),
                                      (-25, 135, 0), (40, -100, 0), (-30, 80, 1)]:
