@@ -6,6 +6,7 @@ perigee stays above the decay limit in every month of six years, by the near-ear
 every orbit and by the full model as well. The space station and the Hubble telescope are in whatever comes of them.
 """
 
+import collections
 import math
 
 from sgp4.api import WGS72, Satrec
@@ -20,10 +21,12 @@ MINUTES_OF_MONTH = 30.4375 * 1440.0
 INSTANTS_PER_MONTH = 24
 HIGHEST_NUMBER = 99998
 # Groups in the order of the file: name in the source, most sets to take.
-GROUPS = [("stations", 5), ("visual", 66), ("observatory", 8), ("weather", 18), ("amateur", 30), ("molniya", 10),
+GROUPS = [("stations", 5), ("visual", 62), ("observatory", 8), ("weather", 18), ("amateur", 28), ("molniya", 10),
           ("geostationary", 14), ("gps", 9), ("glonass", 6), ("galileo", 4), ("beidou", 4), ("qzss", 2), ("iridium", 3)]
 # Well-known names are preferred where a group has more than its share.
-PREFERRED = ("METEOSAT", "GOES", "ASTRA", "HOT BIRD", "INTELSAT 9", "EUTELSAT", "ELEKTRO", "TDRS", "INMARSAT", "QZS")
+PREFERRED = ("GOES", "METEOSAT", "ASTRA", "EUTELSAT", "INTELSAT", "INMARSAT", "TDRS", "HISPASAT", "GALAXY", "AMC", "NSS",
+             "EXPRESS", "THOR", "DIRECTV", "TURKSAT", "HOT BIRD", "ES'HAIL")
+MOST_OF_ONE_FAMILY = 2
 LEFT_OUT = ("DEB", "OBJECT", "STARLINK", "ONEWEB")
 
 
@@ -101,15 +104,18 @@ def main():
     lowest = math.inf
     for group, wanted in GROUPS:
         taken = 0
+        families = collections.Counter()
         for number, name, line1, line2 in candidates(satellites, group):
             if taken == wanted:
                 break
-            if number in chosen:
+            family = next((word for word in PREFERRED if name.startswith(word)), "")
+            if number in chosen or (family and families[family] == MOST_OF_ONE_FAMILY):
                 continue
             height = lowest_perigee(line1, line2)
             if height > DECAY_LIMIT_KM:
                 lowest = min(lowest, height)
                 chosen[number] = (name, line1, line2, group)
+                families[family] += 1
                 taken += 1
         print(f"{group}: {taken}")
     print(f"{len(chosen)} sets, lowest perigee in {MONTHS} months {lowest:.1f} km")
