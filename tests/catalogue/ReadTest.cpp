@@ -72,7 +72,7 @@ TEST_F(ReadTest, FileIsAcceptedOrRefusedByItsContent) {
       {"one line missing", two.substr(0, two.rfind("2 1000")), -1},
       {"two lines missing", two + "NAME\r\n", -1},
       {"no name lines", entry.line1 + "\n" + entry.line2 + "\n", -1},
-      {"lines swapped", "A\n" + entry.line2 + "\n" + entry.line1 + "\n", -1},
+      {"lines swapped: columns alone decide", "A\n" + entry.line2 + "\n" + entry.line1 + "\n", 1},
       {"carriage returns only", FileText(Series(2), "\r"), -1},
       {"letters for the year", Replaced(entry, 1, 19, "XX"), -1},
       {"blank year", Replaced(entry, 1, 19, "  "), -1},
@@ -102,9 +102,8 @@ TEST_F(ReadTest, FileIsAcceptedOrRefusedByItsContent) {
       EXPECT_EQ(DatabaseOf(index).Count(), refused ? 0 : row.count) << row.what;
       EXPECT_EQ(ListedRows(index)->Count(), refused ? 0 : row.count) << row.what;
       EXPECT_EQ(DatabaseStats[static_cast<std::size_t>(index)].known, !refused) << row.what;
-      EXPECT_EQ(platform.messages.size(), refused ? 1U : 0U) << row.what;
       EXPECT_EQ(platform.fileQuestions.size(), refused ? 1U : 0U) << row.what;
-      if (refused) EXPECT_EQ(platform.messages.at(0).text, "format\n\n") << row.what;
+      EXPECT_EQ(MessageTexts(), std::vector<std::string>(refused ? 1 : 0, "format\n\n")) << row.what;
     }
 }
 
@@ -161,12 +160,12 @@ TEST_F(ReadTest, StatisticsCountAgesFromTheProgramsClock) {
 }
 
 TEST_F(ReadTest, EpochYearsTurnAt57) {
-  // 1 January 0h: 2056 is Julian day 2472002.5 and 1957 is 2435839.5
-  ClockFields.JulianDayNow = 2472002.5;
+  // 1 January 0h: 2056 is Julian day 2471998.5 and 1957 is 2435839.5
+  ClockFields.JulianDayNow = 2471998.5;
   ReadPrimaryText(
       FileText({MadeEntry("A", "00001", "56001.00000000"), MadeEntry("B", "00002", "57001.00000000")}));
   EXPECT_DOUBLE_EQ(DatabaseStats[Primary].newest, 0.0);
-  EXPECT_DOUBLE_EQ(DatabaseStats[Primary].oldest, 2472002.5 - 2435839.5);
+  EXPECT_DOUBLE_EQ(DatabaseStats[Primary].oldest, 2471998.5 - 2435839.5);
 }
 
 TEST_F(ReadTest, SecondaryReaderTakesNamesFromThePrimaryByEccentricity) {
@@ -211,7 +210,7 @@ TEST_F(ReadTest, WindowsSeeBeginAndEndAndTheTickIsHeldAsItStood) {
     ReadPrimaryText(text);
     EXPECT_EQ(TickEnabled, standing);
     EXPECT_TRUE(SatelliteTickEnabled);
-    EXPECT_EQ(log, (std::vector<std::string>{"disable 0", "reading " + std::to_string(text.size()),
+    EXPECT_EQ(log, (std::vector<std::string>{"reading " + std::to_string(text.size()), "disable 0",
                                              "progress closed", "enable 0"}));
     ASSERT_GT(progress.values.size(), 5U);
     EXPECT_TRUE(std::is_sorted(progress.values.begin(), progress.values.end()));

@@ -51,12 +51,12 @@ TEST_F(TablesTest, DamagedTablesFailAndLeaveTheOldOnes) {
 
 TEST_F(TablesTest, FrequenciesAreTheTextOfASingle) {
   Write("Frequen.DAT",
-        "\"25544\",145.200,437.12345678,\"note, with comma\"\n07530,0,29502e-3,x\n\"\",0,0,\"\"\n");
+        "\"25544\",145.200,437.12355678,\"note, with comma\"\n07530,0,29502e-3,x\n\"\",0,0,\"\"\n");
   LoadFrequencies();
   ASSERT_EQ(FrequencyTable.size(), 2U);
   EXPECT_EQ(FrequencyTable[0].catalogueNumber, "25544");
   EXPECT_EQ(FrequencyTable[0].uplink, "145.2");
-  EXPECT_EQ(FrequencyTable[0].downlink, "437.1235");
+  EXPECT_EQ(FrequencyTable[0].downlink, "437.1236");
   EXPECT_EQ(FrequencyTable[1].catalogueNumber, "07530");
   EXPECT_EQ(FrequencyTable[1].uplink, "0");
   EXPECT_EQ(FrequencyTable[1].downlink, "29.502");
