@@ -154,12 +154,13 @@ TEST_F(TickTest, ADecayedPrincipalIsFoundAgainWhereTheListMovedMeanwhile) {
   FakeDatabase database(log_);
   platform_.onMessage = [] { SwapActive(1, 2); };
   tmrCentrale_Timer();
-  EXPECT_THAT(log_, ElementsAre("frmWorldMap.Azzera_dati", "frmDatabase.Show", "frmDatabase.SelectActive 1",
-                                "frmDatabase.RemoveSelected"));
+  EXPECT_THAT(log_,
+              ElementsAre("frmDatabase.ActiveListChanged", "frmWorldMap.Azzera_dati", "frmDatabase.Show",
+                          "frmDatabase.SelectActive 1", "frmDatabase.RemoveSelected"));
   log_.clear();
   platform_.onMessage = [] { RemoveActive(2); };
   tmrCentrale_Timer();
-  EXPECT_THAT(log_, ElementsAre()) << "nothing is removed that is not there";
+  EXPECT_THAT(log_, ElementsAre("frmDatabase.ActiveListChanged")) << "nothing is removed that is not there";
 }
 
 TEST_F(TickTest, APerigeeAtTheLimitStays) {
