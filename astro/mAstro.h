@@ -11,6 +11,9 @@ namespace halvorine {
 /// for the instant of the last ComputeSun.
 inline double SunLongitudeRad = 0, SunMeanAnomalyRad = 0, SunRightAscension = 0, SunDeclination = 0;
 
+/// Obliquity of the ecliptic, radians, for all bodies and instants.
+constexpr double Obliquity = 0.40909281926890995;
+
 /// Hours that the observer's civil time is ahead of Universal Time.
 double ZoneShift();
 
@@ -49,8 +52,9 @@ struct EquatorialParts {
 /// leaves what the parts held.
 void HorizontalToEquatorial(double azimuth, double altitude, EquatorialParts& parts);
 
-/// Reads the ten rows of the planet file's text into SkyObjectTable. A short file or a bad number raises
-/// ConversionFailure.
+/// Reads the ten rows of the planet file's text into SkyObjectTable: for each a line with the name and a line
+/// with nine numbers, commas or blanks between them; what follows the tenth is ignored. A short file, a bad
+/// number or a tenth one raises ConversionFailure, and the table stays as it was.
 void ReadSkyObjects(std::string_view text);
 
 }  // namespace halvorine

@@ -38,7 +38,7 @@ Date JulianDayToLocalDate(double jd) {
   const double t = fractionalDay - day;
   const double hours = Int(t * 24);
   const double minutes = Int((t * 24 - hours) * 60);
-  const double seconds = ParseNumber(Format(((t * 24 - hours) * 60 - minutes) * 60, "00"));
+  const double seconds = RoundedByPicture(((t * 24 - hours) * 60 - minutes) * 60);
   Date date = DateOf(ToInt16(year), ToInt16(month), ToInt16(day));
   date = AddSeconds(date, hours * 3600);
   date = AddSeconds(date, minutes * 60);

@@ -17,10 +17,12 @@ constexpr double secondsPerDay = 86400.0;
 
 std::string ShortText(double x, int digits) {
   std::array<char, 64> buffer{};
-  const auto end =
-      std::to_chars(buffer.data(), buffer.data() + buffer.size(), x, std::chars_format::general, digits);
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), x == 0 ? 0.0 : x,
+                                 std::chars_format::general, digits);
   return {buffer.data(), end.ptr};
 }
+
+char LowerLetter(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -68,13 +70,26 @@ NumberScan ScanNumber(std::string_view text) {
   return scan;
 }
 
-/// Value of a plain number text; beyond the range of a double it gives 0 or infinity as the size tells.
+/// Power of ten of a plain number text's first digit that is not 0; tells whether a number that fits no
+/// double is too large or too small.
+double SizeOf(std::string_view plain) {
+  const std::size_t mark = std::min(plain.find('e'), plain.size());
+  const std::size_t point = std::min(plain.find('.'), mark);
+  const std::size_t digit = plain.find_first_of("123456789");
+  const double place =
+      digit < point ? static_cast<double>(point - digit) : -static_cast<double>(digit - point);
+  double power = 0;
+  for (std::size_t i = mark + 1; i < plain.size(); ++i)
+    if (IsDigit(plain[i])) power = std::min(power * 10 + (plain[i] - '0'), 1e12);
+  return place + (plain.substr(mark, 2) == "e-" ? -power : power);
+}
+
+/// Value of a plain number text; what is too small for a double gives 0, what is too large infinity.
 double ValueOf(const std::string& plain) {
   double value = 0;
   const auto result = std::from_chars(plain.data(), plain.data() + plain.size(), value);
   if (result.ec == std::errc::result_out_of_range) {
-    const std::size_t exponent = plain.find("e-");
-    const double size = exponent == std::string::npos ? std::numeric_limits<double>::infinity() : 0.0;
+    const double size = SizeOf(plain) > 0 ? std::numeric_limits<double>::infinity() : 0.0;
     return plain[0] == '-' ? -size : size;
   }
   return value;
@@ -181,6 +196,11 @@ std::string Grouped(const std::string& digits) {
 
 std::string TwoDigits(int value) { return (value < 10 ? "0" : "") + std::to_string(value); }
 
+std::string YearText(int year) {
+  const std::string digits = std::to_string(std::abs(year));
+  return (year < 0 ? "-" : "") + std::string(digits.size() < 4 ? 4 - digits.size() : 0, '0') + digits;
+}
+
 /// Text of one run of a date picture's letter.
 std::string DatePiece(char letter, std::size_t count, const DateParts& parts, const DateNames& names) {
   const auto number = [count](int value) { return count > 1 ? TwoDigits(value) : std::to_string(value); };
@@ -192,8 +212,7 @@ std::string DatePiece(char letter, std::size_t count, const DateParts& parts, co
     case 'm':
       return count >= 4 ? names.Months[month] : count == 3 ? names.ShortMonths[month] : number(parts.month);
     case 'y':
-      return count >= 3 ? RightAligned(std::to_string(parts.year), 4)
-                        : TwoDigits(((parts.year % 100) + 100) % 100);
+      return count >= 3 ? YearText(parts.year) : TwoDigits(((parts.year % 100) + 100) % 100);
     case 'h':
       return number(parts.hour);
     case 'n':
@@ -266,18 +285,29 @@ std::string Format(double x, std::string_view pictureText) {
   return result.append(picture.suffix);
 }
 
+double RoundedByPicture(double x) {
+  if (!std::isfinite(x)) return 0;
+  const double size = std::fabs(x);
+  const double whole = Int(size);
+  // near a tie, and where 15 digits leave few decimals, the decimal text decides and not the binary number
+  const bool byText = std::fabs(size - whole - 0.5) < 1e-3 || size > 1e9;
+  const double rounded = byText ? ParseNumber(Format(size, "00")) : whole + (size - whole > 0.5 ? 1 : 0);
+  return x < 0 ? -rounded : rounded;
+}
+
 std::string FormatDate(Date date, std::string_view picture, const DateNames& names) {
   const DateParts parts = PartsOf(date);
   std::string result;
   char lastField = 0;
   for (std::size_t at = 0; at < picture.size();) {
-    const char letter = picture[at];
+    const char letter = LowerLetter(picture[at]);
     if (std::string_view("dmyhns").find(letter) == std::string_view::npos) {
-      result += letter;
+      result += picture[at];
       ++at;
       continue;
     }
-    const std::size_t end = std::min(picture.find_first_not_of(letter, at), picture.size());
+    std::size_t end = at + 1;
+    while (end < picture.size() && LowerLetter(picture[end]) == letter) ++end;
     const std::size_t count = end - at;
     const bool minutes = letter == 'm' && count <= 2 && lastField == 'h';
     result += DatePiece(minutes ? 'n' : letter, count, parts, names);
@@ -308,9 +338,11 @@ DateParts PartsOf(Date date) {
 }
 
 Date DateOf(int year, int month, int day) {
-  const int months = year * 12 + month - 1;
+  constexpr int limit = 4000000;  // keeps the sums below far inside their type
+  const bool wild = year < -limit || year > limit || month < -limit || month > limit;
+  const int months = wild ? 0 : year * 12 + month - 1;
   const int wholeYear = static_cast<int>(Int(months / 12.0));
-  if (wholeYear < -9999 || wholeYear > 9999 || std::abs(day) > 4000000)
+  if (wild || wholeYear < -9999 || wholeYear > 9999 || day < -limit || day > limit)
     throw OverflowFailure("year " + std::to_string(year) + " is outside the calendar");
   const auto wholeMonth = static_cast<unsigned>(months - wholeYear * 12 + 1);
   const auto first = std::chrono::sys_days(std::chrono::year(wholeYear) / std::chrono::month(wholeMonth) / 1);

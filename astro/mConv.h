@@ -39,8 +39,12 @@ std::string NumberText(float x);
 /// Rounds the decimal text of 15 digits, ties away from zero. What is not finite gives the empty text.
 std::string Format(double x, std::string_view picture);
 
-/// A date by a picture of dd, d, ddd, dddd, mm, m, mmm, mmmm, yyyy, yy, hh, h, nn, n, ss, s; "mm" or "m"
-/// after hours means minutes; other characters stand as they are. Names come from `names`.
+/// The whole number that Format shows by the picture "00", without making the text.
+double RoundedByPicture(double x);
+
+/// A date by a picture, in letters of either case, of dd, d, ddd, dddd, mm, m, mmm, mmmm, yyyy, yy, hh, h,
+/// nn, n, ss, s; "mm" or "m" after hours means minutes; other characters stand as they are. Names come from
+/// `names`.
 std::string FormatDate(Date date, std::string_view picture, const DateNames& names);
 
 /// Calendar parts of a date, to the nearest second; the Gregorian calendar holds for all years.

@@ -35,17 +35,10 @@ double ArcTan2Positive(double sinValue, double cosValue) {
 
 double DmsToDecimal(double d, double m, double s) { return d + (m + s / 60) / 60; }
 
-namespace {
-
-/// Rounded as the picture "00" shows it.
-double RoundedHalfAway(double x) { return ParseNumber(Format(x, "00")); }
-
-}  // namespace
-
 void DecimalToDms(double x, double& d, double& m, double& s) {
   d = Int(x);
   m = Int((x - d) * 60);
-  s = RoundedHalfAway(((x - d) * 60 - m) * 60);
+  s = RoundedByPicture(((x - d) * 60 - m) * 60);
   if (s == 60) {
     s = 0;
     m += 1;
@@ -58,7 +51,7 @@ void DecimalToDms(double x, double& d, double& m, double& s) {
 
 void DecimalToDm(double x, double& d, double& m) {
   d = Int(x);
-  m = RoundedHalfAway((x - d) * 60);
+  m = RoundedByPicture((x - d) * 60);
   if (m == 60) {
     m = 0;
     d += 1;
@@ -81,6 +74,11 @@ float SingleDiv(float x, float y) {
   return x / y;
 }
 
+float SingleFinite(float x) {
+  if (!std::isfinite(x)) FailOverflow(static_cast<double>(x));
+  return x;
+}
+
 bool StrictlyBetween(float x, float a, float b) { return (x > a && x < b) || (x < a && x > b); }
 
 }  // namespace
@@ -88,10 +86,10 @@ bool StrictlyBetween(float x, float a, float b) { return (x > a && x < b) || (x 
 void ClipSegmentToCircle90(float x1, float y1, float& x2, float& y2) {
   const float m = SingleDiv(y1 - y2, x1 - x2);
   const float q = y1 - x1 * m;
-  const float a = m * m + 1;
+  const float a = SingleFinite(m * m + 1);
   const float b = 2 * q * m;
-  const float c = q * q - 8100;
-  const float discriminant = b * b - 4 * a * c;
+  const float c = SingleFinite(q * q - 8100);
+  const float discriminant = SingleFinite(b * b) - SingleFinite(4 * a * c);
   if (!(discriminant >= 0)) FailRoot(static_cast<double>(discriminant));
   const float root = std::sqrt(discriminant);
   const float xa = (-b + root) / (2 * a);
