@@ -1,17 +1,17 @@
 #include <functional>
 #include <map>
 
-#include "OrbitFixture.h"
+#include "tests/orbit/OrbitFixture.h"
 
 namespace halvorine {
 namespace {
 
 using FieldText = std::function<std::string(const ElementSet&)>;
 
-FieldText Of(double ElementSet::* field) {
+FieldText Of(double ElementSet::*field) {
   return [field](const ElementSet& set) { return NumberText(set.*field); };
 }
-FieldText Of(std::string ElementSet::* field) {
+FieldText Of(std::string ElementSet::*field) {
   return [field](const ElementSet& set) { return set.*field; };
 }
 
@@ -40,7 +40,8 @@ const std::map<std::string, FieldText> readers{
 
 class Elements : public OrbitTest {
  protected:
-  static const ElementSet& Decode(const std::string& name, const std::string& line1, const std::string& line2) {
+  static const ElementSet& Decode(const std::string& name, const std::string& line1,
+                                  const std::string& line2) {
     Estrai_Dati_Satellite(1, name, line1, line2);
     return ElementSets[1];
   }
@@ -48,14 +49,14 @@ class Elements : public OrbitTest {
 
 TEST_F(Elements, ReferenceSetsDecodeFieldByField) {
   std::vector<std::string> fields;
-  for (const TableLine& line : ReadTable("orbit_decoding.txt")) {
-    if (line.kind == "fields") fields = line.fields;
-    if (line.kind == "lines") Decode(line.fields[0], line.fields[1], line.fields[2]);
-    if (line.kind != "values") continue;
+  for (const ReferenceRow& line : ReferenceRows("orbit_decoding.txt", '|')) {
+    if (line.Text(0) == "fields") fields.assign(line.cells.begin() + 1, line.cells.end());
+    if (line.Text(0) == "lines") Decode(line.Text(1), line.Text(2), line.Text(3));
+    if (line.Text(0) != "values") continue;
     for (std::size_t i = 0; i < fields.size(); ++i) {
       const std::string found = readers.at(fields[i])(ElementSets[1]);
       const bool text = fields[i] == "CatalogNumber" || fields[i] == "LaunchPiece" || fields[i] == "Name";
-      EXPECT_EQ(found, text ? line.fields[i] : NumberText(line.Number(i)))
+      EXPECT_EQ(found, text ? line.Text(i + 1) : NumberText(line.Number(i + 1)))
           << fields[i] << " of " << ElementSets[1].Name;
     }
   }
@@ -63,11 +64,14 @@ TEST_F(Elements, ReferenceSetsDecodeFieldByField) {
 
 TEST_F(Elements, YearsTurnAtFiftySeven) {
   const std::string line1 = issLine1;
-  EXPECT_EQ(Decode("", std::string(line1).replace(18, 2, "56").replace(9, 2, "56"), issLine2).EpochYear, 2056);
+  EXPECT_EQ(Decode("", std::string(line1).replace(18, 2, "56").replace(9, 2, "56"), issLine2).EpochYear,
+            2056);
   EXPECT_EQ(ElementSets[1].LaunchYear, 2056);
-  EXPECT_EQ(Decode("", std::string(line1).replace(18, 2, "57").replace(9, 2, "57"), issLine2).EpochYear, 1957);
+  EXPECT_EQ(Decode("", std::string(line1).replace(18, 2, "57").replace(9, 2, "57"), issLine2).EpochYear,
+            1957);
   EXPECT_EQ(ElementSets[1].LaunchYear, 1957);
-  EXPECT_EQ(Decode("", std::string(line1).replace(18, 14, "00  1.00000000"), issLine2).EpochJulianDay, 2451544.5);
+  EXPECT_EQ(Decode("", std::string(line1).replace(18, 14, "00  1.00000000"), issLine2).EpochJulianDay,
+            2451544.5);
 }
 
 TEST_F(Elements, NameIsCutToTwentyFourCharactersBeforeItIsTrimmed) {
@@ -78,7 +82,9 @@ TEST_F(Elements, NameIsCutToTwentyFourCharactersBeforeItIsTrimmed) {
 TEST_F(Elements, ShortAndBrokenLinesGiveZeros) {
   MagnitudeTable.assign(1, "");
   for (const auto& [line1, line2] : std::vector<std::pair<std::string, std::string>>{
-           {"1 00000", ""}, {"1 00000 xxxxxxxx", "2 x"}, {std::string("1 00000U\0\xFF\xFE garbage", 19), "\x80"}}) {
+           {"1 00000", ""},
+           {"1 00000 xxxxxxxx", "2 x"},
+           {std::string("1 00000U\0\xFF\xFE garbage", 19), "\x80"}}) {
     const ElementSet& set = Decode("", line1, line2);
     EXPECT_EQ(set.MeanMotion, 0);
     EXPECT_EQ(set.Inclination, 0);
@@ -104,7 +110,8 @@ TEST_F(Elements, NumberOutsideTheMagnitudeTableFailsButLeavesAUsableSet) {
   EXPECT_EQ(ElementSets[1].Downlink[0], "145.8");
   EXPECT_DOUBLE_EQ(ElementSets[1].EpochJulianDay, 2458139.39808844);
   for (const std::string number : {"     ", "A5544", "-0001"}) {
-    EXPECT_THROW(Decode(issName, std::string(issLine1).replace(2, 5, number), issLine2), RuntimeFailure) << number;
+    EXPECT_THROW(Decode(issName, std::string(issLine1).replace(2, 5, number), issLine2), RuntimeFailure)
+        << number;
     EXPECT_EQ(ElementSets[1].CatalogNumber, number);
   }
 }

@@ -1,6 +1,6 @@
 #include <map>
 
-#include "OrbitFixture.h"
+#include "tests/orbit/OrbitFixture.h"
 
 namespace halvorine {
 namespace {
@@ -16,7 +16,7 @@ class Verification2006 : public OrbitTest {
   static std::map<std::string, std::pair<std::string, std::string>> ReadSets() {
     std::map<std::string, std::pair<std::string, std::string>> sets;
     std::vector<std::string> lines;
-    for (const TableLine& line : ReadTable("sgp4-2006.tle")) lines.push_back(line.kind);
+    for (const ReferenceRow& line : ReferenceRows("sgp4-2006.tle", '|')) lines.push_back(line.Text(0));
     for (std::size_t i = 0; i + 2 < lines.size(); i += 3) sets[lines[i]] = {lines[i + 1], lines[i + 2]};
     return sets;
   }
@@ -26,10 +26,10 @@ class Verification2006 : public OrbitTest {
     std::map<std::string, Verified> results;
     std::string name;
     Options.Propagator = static_cast<std::int16_t>(model);
-    for (const TableLine& line : ReadTable("sgp4-2006-expected.txt", ' ')) {
-      if (line.kind == "set") {
-        name = line.fields[0];
-        for (std::size_t i = 1; i < line.fields.size(); ++i) name += " " + line.fields[i];
+    for (const ReferenceRow& line : ReferenceRows("sgp4-2006-expected.txt", ' ')) {
+      if (line.Text(0) == "set") {
+        name = line.Text(1);
+        for (std::size_t i = 2; i < line.cells.size(); ++i) name += " " + line.Text(i);
         Estrai_Dati_Satellite(1, name, sets.at(name).first, sets.at(name).second);
         TakeWorkingElements(1);
         results[name].deep = StateScratch.deep;
@@ -38,8 +38,8 @@ class Verification2006 : public OrbitTest {
       Verified& result = results[name];
       ++result.rows;
       try {
-        PropagateSGP4(ParseStrict(line.kind));
-        const std::array<double, 3> expected{line.Number(0), line.Number(1), line.Number(2)};
+        PropagateSGP4(ParseStrict(line.Text(0)));
+        const std::array<double, 3> expected{line.Number(1), line.Number(2), line.Number(3)};
         result.worst = std::max(result.worst, Apart(PositionKm, expected));
       } catch (const ArithmeticFailure&) {
         ++result.failed;
@@ -49,11 +49,18 @@ class Verification2006 : public OrbitTest {
   }
 };
 
-TEST_F(Verification2006, NearEarthSetsAgreeWithinTenMetres) {
+TEST_F(Verification2006, NearEarthSetsAgreeWithinTenMetresButForTheDecayingOnes) {
+  // 1980 and 2006 part in the drag of the last revolutions: km
+  const std::map<std::string, double> decaying{{"VERIFY 22312", 0.3}, {"VERIFY 28350", 7.5}};
+  int near = 0;
   for (const auto& [name, result] : Run(2)) {
     if (result.deep) continue;
-    printf("%s %g %d %d\n", name.c_str(), result.worst, result.rows, result.failed);
+    ++near;
+    const auto wider = decaying.find(name);
+    EXPECT_LE(result.worst, wider == decaying.end() ? 0.01 : wider->second) << name;
+    EXPECT_EQ(result.failed, 0) << name;
   }
+  EXPECT_EQ(near, 9);
 }
 
 }  // namespace
