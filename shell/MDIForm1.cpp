@@ -214,7 +214,7 @@ void MDIForm1::OpenMap(std::string_view kind) {
     if (FormCalls* const database = LoadForm("frmDatabase")) database->Show();
     return;
   }
-  if (auto* const map = Load<WorldMapCalls>("frmWorldMap")) map->ShowKind(kind);
+  if (auto* const map = halvorine::Load<WorldMapCalls>("frmWorldMap")) map->ShowKind(kind);
 }
 
 void MDIForm1::OpenDatabase() {

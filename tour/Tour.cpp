@@ -60,8 +60,8 @@ void Settle() {
 }
 
 /// The satellites that the tour follows, the principal first.
-constexpr std::array<const char*, 11> followed = {"25544", "20580", "27386", "25994", "07530", "33591",
-                                                  "38771", "27424", "19650", "41240", "23317"};
+constexpr std::array<const char*, 12> followed = {"25544", "20580", "33591", "28654", "37849", "07530",
+                                                  "25860", "27607", "16908", "22220", "28931", "21639"};
 
 /// A list file of the followed satellites, as far as the sample holds them.
 std::string ListFile(const std::string& sample) {
@@ -147,6 +147,7 @@ int Take(const QString& folder, const std::string& language) {
   StartStageOne({.chooseLanguage = [] {}});
   MDIForm1 window;
   window.Load();
+  window.resize(1180, 740);
   QDir().mkpath(folder);
   int missing = 0;
   for (const Stop& stop : Stops(window)) {
