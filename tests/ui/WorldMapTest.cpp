@@ -4,9 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QDir>
 #include <QLabel>
 #include <QMdiArea>
+#include <QTemporaryDir>
 #include <QtTest/QTest>
 #include <memory>
 
@@ -33,9 +33,8 @@ class WorldMapTest : public testing::Test {
     ResetForms();
     main = std::make_unique<FakeMainForm>();
     AppPath = TEST_PROGRAM_DIR;
-    UserFolder = (QDir::tempPath() + QStringLiteral("/halvorine-map-test")).toStdString();
+    UserFolder = FromQ(folder.path());
     platform.settingsFile = UserFolder + "/settings";
-    QDir(ToQ(UserFolder)).removeRecursively();
     ForgetSettings();
     LanguageFile = "English.ini";
     LanguageLoaded = false;
@@ -59,7 +58,6 @@ class WorldMapTest : public testing::Test {
     ResetForms();
     ResetSharedRecords();
     LanguageLoaded = false;
-    QDir(ToQ(UserFolder)).removeRecursively();
     ForgetSettings();
   }
 
@@ -117,11 +115,12 @@ class WorldMapTest : public testing::Test {
     QTest::mouseMove(picture, place);
   }
   void SavePicture(const QString& name) const {
-    const QString folder = qEnvironmentVariable("HALVORINE_TEST_PICTURES");
-    if (folder.isEmpty()) return;
-    form->Frame()->grab().save(folder + QLatin1Char('/') + name + QStringLiteral(".png"));
+    const QString pictures = qEnvironmentVariable("HALVORINE_TEST_PICTURES");
+    if (pictures.isEmpty()) return;
+    form->Frame()->grab().save(pictures + QLatin1Char('/') + name + QStringLiteral(".png"));
   }
 
+  const QTemporaryDir folder;
   FakePlatform platform;
   std::unique_ptr<FakeMainForm> main;
   QMdiArea area;
