@@ -1,5 +1,5 @@
-// Element sets, orbit models and the state of a satellite at an instant. The models follow Hoots and Roehrich,
-// "Spacetrack Report No. 3", with the program's own deviations, which docs/numerics.md lists.
+// Element sets, orbit models and the state of a satellite at an instant. The models follow Hoots and
+// Roehrich, "Spacetrack Report No. 3", with the program's own deviations, which docs/numerics.md lists.
 #pragma once
 
 #include <array>
@@ -31,12 +31,38 @@ inline std::array<double, 3> PositionKm{}, VelocityKmS{};
 /// Altitude of the Sun at the observer for the instant of the last ComputeSatelliteState.
 inline double SunElevationDeg = 0, SunElevationRad = 0;
 
+/// Scratch values of ComputeSatelliteState. They live across calls and slots, because a skipped statement
+/// finds the value that the computation before has left, be it of another satellite. Earth-fixed unless told.
+struct StateScratchRecord {
+  bool deep = false;                  // deep-space test of the element set
+  double phi = 0, lambda = 0, h = 0;  // observer: radians, km
+  std::array<double, 3> observer{}, observerVelocity{}, zenith{}, east{}, north{};
+  double dt = 0, d0 = 0, theta0 = 0, theta = 0;  // days; radians
+  double cosTheta = 0, sinTheta = 0;             // of -theta
+  std::array<double, 3> position{}, velocity{};  // km, km/s
+  std::array<double, 3> R{}, u{}, relativeVelocity{};
+  std::array<double, 3> H{}, eccentricityVector{};  // inertial
+  double p = 0, e = 0, a = 0;                       // osculating orbit, km
+  double x = 0, y = 0;                              // orbit number
+  double t = 0;                                     // refraction
+  double m = 0, lon = 0;                            // Sun, radians
+  std::array<double, 3> S{}, earthS{};              // towards the Sun: inertial, Earth-fixed
+  double q = 0, d = 0;                              // shadow
+  double g = 0, ang = 0, f = 0, xMagnitude = 0;     // phase
+};
+
+inline StateScratchRecord StateScratch;
+
 /// Decodes three lines into the slot's element set and source lines. Bad numbers turn into what ParseNumber
 /// reads. A catalogue number that is no number raises ConversionFailure, one outside the magnitude table
 /// SubscriptFailure; everything that comes before the magnitude is decoded by then, and the epoch's Julian
 /// day and the radio channels are set all the same. Channels the slot holds already are kept.
 void Estrai_Dati_Satellite(int slot, const std::string& nameLine, const std::string& line1,
                            const std::string& line2);
+
+/// Makes the index of FrequencyTable by catalogue number that decoding uses. It is made anew by itself when
+/// the table moves or changes its size; who changes rows in place calls this.
+void IndexFrequencies();
 
 /// Near-earth model SGP4 at `tsince` minutes from the epoch of WorkingElements; raises ArithmeticFailure.
 void PropagateSGP4(double tsince);
@@ -46,5 +72,8 @@ void PropagateSGP4(double tsince);
 /// 1 to 202 raises SubscriptFailure, a mean motion of 0 ArithmeticFailure; any other failing statement is
 /// skipped and leaves what it was to write.
 void ComputeSatelliteState(int slot, double julianDay);
+
+/// Puts the records of this header back to their state before the first computation; serves tests.
+void ResetOrbitRecords();
 
 }  // namespace halvorine

@@ -1,0 +1,149 @@
+#include "tests/orbit/OrbitFixture.h"
+
+namespace halvorine {
+namespace {
+
+/// The models by the number that the reference tables use; those not built yet are passed over.
+bool Propagate(int model, double minutes) {
+  if (model != 2) return false;
+  PropagateSGP4(minutes);
+  return true;
+}
+
+class Models : public OrbitTest {
+ protected:
+  static void Load(const std::string& line1, const std::string& line2) {
+    Estrai_Dati_Satellite(1, "", line1, line2);
+    TakeWorkingElements(1);
+  }
+
+  /// Compares the vectors after a model ran with six numbers of a row.
+  static void Compare(const ReferenceRow& row, std::size_t first, double km, double kmS,
+                      const std::string& what) {
+    const std::array<double, 3> position{row.Number(first), row.Number(first + 1), row.Number(first + 2)};
+    const std::array<double, 3> velocity{row.Number(first + 3), row.Number(first + 4), row.Number(first + 5)};
+    EXPECT_LE(Apart(PositionKm, position), km) << what;
+    EXPECT_LE(Apart(VelocityKmS, velocity), kmS) << what;
+  }
+};
+
+TEST_F(Models, ReferenceRowsOfFifteenSets) {
+  std::string name;
+  std::array<double, 4> km{}, kmS{};
+  for (const ReferenceRow& line : ReferenceRows("orbit_models.txt", '|')) {
+    if (line.Text(0) == "set") {
+      name = line.Text(1);
+      Load(line.Text(2), line.Text(3));
+    } else if (line.Text(0) == "tolerance") {
+      const std::size_t model = static_cast<std::size_t>(line.Number(1));
+      km[model] = line.Number(2);
+      kmS[model] = line.Number(3);
+    } else if (Propagate(ToInt32(line.Number(1)), line.Number(2))) {
+      const std::size_t model = static_cast<std::size_t>(line.Number(1));
+      Compare(line, 3, km[model], kmS[model], name + ", model " + line.Text(1) + " at " + line.Text(2));
+    }
+  }
+}
+
+double ElementSet::*FieldOf(const std::string& name) {
+  if (name == "Eccentricity") return &ElementSet::Eccentricity;
+  if (name == "Inclination") return &ElementSet::Inclination;
+  if (name == "MeanMotion") return &ElementSet::MeanMotion;
+  EXPECT_EQ(name, "BstarMantissa");
+  return &ElementSet::BstarMantissa;
+}
+
+TEST_F(Models, SpecialElementValuesGiveTheReferenceOrFail) {
+  std::vector<std::string> base;
+  for (const ReferenceRow& line : ReferenceRows("orbit_model_edges.txt", '|')) {
+    if (line.Text(0) == "base") base.assign(line.cells.begin() + 1, line.cells.end());
+    if (line.Text(0) != "row") continue;
+    Estrai_Dati_Satellite(1, base[0], base[1], base[2]);
+    for (const std::string& change : Split(line.Text(2), ' ')) {
+      const std::vector<std::string> parts = Split(change, '=');
+      ElementSets[1].*FieldOf(parts[0]) = ParseStrict(parts[1]);
+    }
+    Options.Propagator = 3;
+    TakeWorkingElements(1);
+    EXPECT_EQ(StateScratch.deep, line.Text(3) == "1") << line.Text(1);
+    const int model = ToInt32(line.Number(4));
+    PositionKm = {1, 2, 3};
+    bool known = true;
+    if (line.cells.back() == "fails") {
+      try {
+        known = Propagate(model, line.Number(5));
+        EXPECT_FALSE(known) << line.Text(1);
+      } catch (const ArithmeticFailure&) {
+        EXPECT_EQ(PositionKm[0], 1);
+      }
+    } else if (Propagate(model, line.Number(5))) {
+      const bool deepModel = model == 3;
+      Compare(line, 6, deepModel ? 1e-4 : 1e-7, deepModel ? 1e-8 : 1e-11, line.Text(1) + " " + line.Text(2));
+    }
+  }
+}
+
+TEST_F(Models, SamplesOfSpacetrackReport3AreMetToItsSinglePrecision) {
+  for (const ReferenceRow& line : ReferenceRows("spacetrack-1980.csv", ',')) {
+    if (line.Text(0) != "SGP4") continue;
+    Load("1 88888U          80275.98708465  .00073094  13844-3  66816-4 0    87",
+         "2 88888  72.8435 115.9689 0086731  52.6988 110.5714 16.05824518  1058");
+    Propagate(2, line.Number(1));
+    Compare(line, 2, 0.02, 2e-5, line.Text(0) + " at " + line.Text(1));
+  }
+}
+
+struct FailingElements {
+  const char* what;
+  double WorkingElementsRecord::*field;
+  double value;
+  double minutes;
+};
+
+TEST_F(Models, Sgp4FailsWhereItsFormulasDoAndLeavesBothVectorsWhole) {
+  using W = WorkingElementsRecord;
+  const std::array<FailingElements, 7> rows{{
+      {"c3 divides by the eccentricity", &W::E0, 0.0, 0},
+      {"the root of 1 - e^2", &W::E0, 1.5, 0},
+      {"no eccentricity left for 1 - e^2", &W::E0, 1.0, 0},
+      {"1 + cos of an inclination of half a turn", &W::I0, std::acos(-1.0), 0},
+      {"no mean motion", &W::N0, 0.0, 0},
+      {"a broken power of a negative mean motion", &W::N0, -0.06, 0},
+      {"drag lets 1 - e^2 turn negative", &W::Bstar, 1e3, 1e6},
+  }};
+  for (const FailingElements& row : rows) {
+    Load(issLine1, issLine2);
+    PositionKm = {1, 2, 3};
+    VelocityKmS = {4, 5, 6};
+    WorkingElements.*row.field = row.value;
+    EXPECT_THROW(PropagateSGP4(row.minutes), ArithmeticFailure) << row.what;
+    EXPECT_EQ(PositionKm, (std::array<double, 3>{1, 2, 3})) << row.what;
+    EXPECT_EQ(VelocityKmS, (std::array<double, 3>{4, 5, 6})) << row.what;
+  }
+}
+
+TEST_F(Models, CircularOrbitFailsAlsoWhereThePerigeeLeavesOutTheDragTerms) {
+  Load(issLine1, issLine2);
+  ElementSets[1].MeanMotion = 16.2;
+  TakeWorkingElements(1);
+  PropagateSGP4(0);
+  WorkingElements.E0 = 0;
+  EXPECT_THROW(PropagateSGP4(0), ArithmeticFailure);
+}
+
+TEST_F(Models, SameArgumentsGiveTheSameVectorsWhateverRanBetween) {
+  Load(issLine1, issLine2);
+  const WorkingElementsRecord iss = WorkingElements;
+  PropagateSGP4(100);
+  const std::array<double, 3> position = PositionKm, velocity = VelocityKmS;
+  PropagateSGP4(-5000);
+  WorkingElements.E0 = 0.3;
+  PropagateSGP4(3);
+  WorkingElements = iss;
+  PropagateSGP4(100);
+  EXPECT_EQ(PositionKm, position);
+  EXPECT_EQ(VelocityKmS, velocity);
+}
+
+}  // namespace
+}  // namespace halvorine
