@@ -58,7 +58,7 @@ bool IsOn(std::string_view item) {
 
 frmWorldMap::frmWorldMap() : ChildForm(QString::fromStdString(section)) {
   view_.Pictures = &pictures_;
-  fraSatellitePrincipale_ = Named(new DataBox(this), "fraSatellitePrincipale");
+  fraSatellitePrincipale_ = Named(new DataBox(section, this), "fraSatellitePrincipale");
   picture1_ = Named(new SurfaceWidget(this), "Picture1");
   QHBoxLayout* const layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);

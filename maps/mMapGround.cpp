@@ -142,7 +142,7 @@ void DrawGlobeGrid(DrawSurface& surface, const MapView& view, Colour colour) {
     DrawParallel(surface, lat0, latitude, colour);
   }
   for (int longitude = -150; longitude <= 180; longitude += 30)
-    DrawMeridian(surface, lat0, longitude - view.CentreLongitude, colour);
+    DrawMeridian(surface, lat0, longitude - static_cast<double>(view.CentreLongitude), colour);
   surface.CurrentX = globeRadius;
   surface.CurrentY = 0;
   for (int angle = 0; angle <= 360; angle += 10)

@@ -14,7 +14,7 @@ from sgp4.api import WGS72, Satrec
 import nearearth
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-START = (2459745.5, (20 * 3600 + 8 * 60 + 41) / 86400.0)  # 14 June 2022, 20:08:41 UT
+START = (2459744.5, (20 * 3600 + 8 * 60 + 41) / 86400.0)  # 14 June 2022, 20:08:41 UT
 SECONDS = 62
 
 

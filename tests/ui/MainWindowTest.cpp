@@ -102,7 +102,8 @@ TEST_F(MainWindowTest, EveryCommandHasACaptionInEveryLanguageAndTheBarFits) {
     window_->Lingua();
     for (const QAction* const action : window_->findChildren<QAction*>()) {
       const QString item = action->objectName();
-      const bool root = QStringList{"mnuWorldmap", "mnuLocalSky", "mnuGeneralSky", "mnuSkySat"}.contains(item);
+      const bool root =
+          QStringList{"mnuWorldmap", "mnuLocalSky", "mnuGeneralSky", "mnuSkySat"}.contains(item);
       if (!item.startsWith(QLatin1String("mnu")) || root) continue;
       EXPECT_FALSE(action->text().isEmpty() || action->text() == item) << name << " " << FromQ(item);
     }
