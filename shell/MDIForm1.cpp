@@ -362,7 +362,7 @@ void MDIForm1::closeEvent(QCloseEvent* event) {
     AfterLongOperation = [this] { QTimer::singleShot(0, this, [this] { close(); }); };
     return;
   }
-  if (closing_ || !AskExit()) {
+  if (closing_ || !AskExit() || !FormsMayUnload("MDIForm1")) {
     event->setAccepted(closing_);
     return;
   }

@@ -7,6 +7,7 @@
 #include "controls/frmProgress.h"
 #include "controls/qtLook.h"
 #include "maps/frmWorldMap.h"
+#include "prediction/frmDetails.h"
 #include "shell/base/mPlatform.h"
 #include "shell/base/qtForms.h"
 #include "shell/frmTime.h"
@@ -36,6 +37,7 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 void RegisterWindows() {
   MakeLoadable<frmTime>("frmTime");
   MakeLoadable<frmDatabase>("frmDatabase");
+  MakeLoadable<frmDetails>("frmDetails");
   MakeLoadable<frmProgress>("frmProgress");
   MakeLoadable<frmWorldMap>("frmWorldMap");
 }

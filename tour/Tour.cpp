@@ -12,6 +12,8 @@
 #include <vector>
 
 #include "astro/mConv.h"
+#include "catalogue/frmChannel.h"
+#include "catalogue/frmFile.h"
 #include "catalogue/mCatalogue.h"
 #include "shell/MDIForm1.h"
 #include "shell/base/mGlobal.h"
@@ -109,6 +111,21 @@ std::vector<Stop> Stops(MDIForm1& window) {
          Settle();
          return child("frmDatabase");
        }},
+      {"frmFile", "Element files are edited as text",
+       [=] {
+         auto* const file = new frmFile();
+         file->Leggi(AppPath + "/elements/sample.txt");
+         file->ShowForm();
+         return file->Frame();
+       }},
+      {"frmDetails", "An element file as a table, sorted by any of its columns",
+       [=] {
+         auto* const details = Load<DetailsCalls>("frmDetails");
+         details->Show();
+         details->Leggi(AppPath + "/elements/sample.txt");
+         return child("frmDetails");
+       }},
+      {"frmChannel", "The radio channels of a satellite", [=] { return dialog(new frmChannel(1, 0)); }},
       {"frmProgress", "Long work shows how far it is, and can be cancelled",
        [] {
          auto* const progress = Load<ProgressCalls>("frmProgress");
@@ -121,7 +138,8 @@ std::vector<Stop> Stops(MDIForm1& window) {
       {"frmWorldMap-Ortho", "The globe, turned to the principal satellite",
        [&window] {
          if (FormCalls* const progress = LoadedForm("frmProgress")) progress->Unload();
-         if (FormCalls* const database = LoadedForm("frmDatabase")) database->Unload();
+         for (const char* const name : {"frmDatabase", "frmFile1", "frmDetails"})
+           if (FormCalls* const form = LoadedForm(name)) form->Unload();
          return OpenMap(window, "mnuTerraMappaOrtografica", QSize(711, 490));
        }},
       {"frmWorldMap-Recta", "The rectangular map with track, circle, night side and the live values",
