@@ -18,7 +18,7 @@ namespace {
 
 constexpr const char* section = "frmChannel";
 constexpr int channelCount = 10;
-constexpr int listInset = 7;  // logical pixels from the edge of a list to its text
+constexpr int listFrame = 1, rowInset = 6;  // logical pixels from the edge of a list to its text
 
 std::int16_t& ChannelOfRow(int panelRow) {
   if (panelRow < 0 || panelRow >= static_cast<int>(Options.RadioChannel.size()))
@@ -56,11 +56,12 @@ frmChannel::frmChannel(int slot, int panelRow, QWidget* parent) : QDialog(parent
   for (int channel = 1; channel <= channelCount; ++channel) List1_->addItem(ToQ(ChannelRow(set, channel)));
   List1_->setCurrentRow(current >= 1 && current <= channelCount ? current - 1 : -1);
   auto* const heads = new QHBoxLayout();
-  heads->setContentsMargins(listInset, 0, listInset, 0);
+  heads->setContentsMargins(listFrame, 0, listFrame, 0);
   heads->setSpacing(0);
   for (const char* const key : {"downlink", "uplink"}) {
     auto* const label = Named(new QLabel(Text(section, key)), key);
     label->setForegroundRole(MutedRole);
+    label->setIndent(rowInset);
     heads->addWidget(label, 1);
   }
   auto* const rows = new QVBoxLayout(this);
