@@ -8,6 +8,13 @@
 
 namespace halvorine {
 
+namespace {
+
+/// A polygon of a list of points; named, since the constructors of a polygon cannot be told apart by a list.
+QPolygonF Points(const QList<QPointF>& points) { return QPolygonF(points); }
+
+}  // namespace
+
 QRect Middle(const QRect& rect, int width, int height) {
   return {rect.left() + (rect.width() - width) / 2, rect.top() + (rect.height() - height) / 2, width, height};
 }
@@ -47,7 +54,7 @@ void DrawArrow(QPainter* painter, const QRect& rect, Qt::ArrowType direction, co
   constexpr int quarters[] = {0, 180, 0, 90, -90};  // NoArrow, up, down, left, right
   painter->rotate(quarters[direction]);
   const double half = size, height = size * 0.55;
-  painter->drawPolygon(QPolygonF({{-half, -height}, {half, -height}, {0, height}}));
+  painter->drawPolygon(Points({{-half, -height}, {half, -height}, {0, height}}));
 }
 
 void DrawCheckMark(QPainter* painter, const QRect& rect, const QStyleOption& option, bool round) {
@@ -74,8 +81,7 @@ void DrawCheckMark(QPainter* painter, const QRect& rect, const QStyleOption& opt
   painter->translate(box.topLeft());
   if (partly || (on && !round)) {
     painter->setPen(QPen(mark, 1.9, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter->drawPolyline(partly ? QPolygonF({{4, 7}, {10, 7}})
-                                 : QPolygonF({{3.7, 7.3}, {6, 9.7}, {10.4, 4.6}}));
+    painter->drawPolyline(partly ? Points({{4, 7}, {10, 7}}) : Points({{3.7, 7.3}, {6, 9.7}, {10.4, 4.6}}));
   } else if (on) {
     painter->setPen(Qt::NoPen);
     painter->setBrush(mark);
