@@ -2,8 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
+#include <QCalendarWidget>
+#include <QComboBox>
 #include <QDialog>
 #include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMenu>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -108,6 +113,15 @@ TEST_F(Look, NightWindowsAreRedAndBlack) {
   menu->popup(QPoint(0, 0));
   EXPECT_EQ(PixelsNotRed(Grabbed(menu, "menu-night")), 0);
   menu->hide();
+  QCalendarWidget calendar;
+  calendar.setSelectedDate(QDate(2022, 6, 14));
+  EXPECT_EQ(PixelsNotRed(Grabbed(&calendar, "calendar-night")), 0);
+  auto* const combo = sampler->findChild<QComboBox*>("cmbSample");
+  combo->showPopup();
+  EXPECT_EQ(PixelsNotRed(Grabbed(combo->view()->window(), "combo-night")), 0);
+  combo->hidePopup();
+  sampler->findChild<QMdiArea*>()->subWindowList().first()->showMaximized();
+  EXPECT_EQ(PixelsNotRed(Grabbed(sampler.get(), "maximised-night")), 0);
 }
 
 TEST_F(Look, SamplerByDay) {
@@ -118,6 +132,15 @@ TEST_F(Look, SamplerByDay) {
   menu->popup(QPoint(0, 0));
   Grabbed(menu, "menu-day");
   menu->hide();
+  QCalendarWidget calendar;
+  calendar.setSelectedDate(QDate(2022, 6, 14));
+  Grabbed(&calendar, "calendar-day");
+  auto* const combo = sampler->findChild<QComboBox*>("cmbSample");
+  combo->showPopup();
+  Grabbed(combo->view()->window(), "combo-day");
+  combo->hidePopup();
+  sampler->findChild<QMdiArea*>()->subWindowList().first()->showMaximized();
+  Grabbed(sampler.get(), "maximised-day");
 }
 
 /// Runs something once a modal window has opened; gives the window to it.
@@ -135,7 +158,7 @@ TEST_F(Look, IconsFollowTheNight) {
   const QIcon open = Icon("open");
   ASSERT_FALSE(open.isNull());
   EXPECT_TRUE(Icon("no_such_picture").isNull());
-  for (const int side : {16, 24, 48}) EXPECT_EQ(open.pixmap(side).width(), side);
+  for (const int side : {16, 24, 48}) EXPECT_EQ(open.pixmap(side).deviceIndependentSize().width(), side);
   const QImage day = open.pixmap(24).toImage();
   ApplyNight(true);
   const QImage night = open.pixmap(24).toImage();
@@ -195,8 +218,8 @@ TEST_F(Look, ProgressBarInvertsWhatItHasPassed) {
   const auto columnsOf = [&bar](const QColor& colour) {
     const QImage picture = bar.grab().toImage();
     int count = 0;
-    for (int x = 0; x < picture.width(); ++x) count += picture.pixelColor(x, 4) == colour ? 1 : 0;
-    return count;
+    for (int x = 0; x < picture.width(); ++x) count += picture.pixelColor(x, 8) == colour ? 1 : 0;
+    return count / picture.devicePixelRatio();
   };
   const QColor passed = DayPalette().color(QPalette::Highlight);
   bar.SetValue(25);
@@ -336,6 +359,20 @@ TEST_F(Look, AboutBoxEndsByAKeyAndTheSplashDoesNot) {
   Grabbed(&about, "splash");
   ApplyNight(true);
   EXPECT_EQ(PixelsNotRed(Grabbed(&about, "splash-night")), 0);
+}
+
+TEST_F(Look, OpenWindowsTurnAtOnce) {
+  QWidget plain;
+  QPushButton button("A", &plain);
+  plain.show();
+  ApplyNight(true);
+  EXPECT_TRUE(IsNight(QApplication::palette()));
+  EXPECT_TRUE(IsNight(plain.palette()));
+  EXPECT_TRUE(IsNight(button.palette()));
+  EXPECT_TRUE(button.font().bold());
+  ApplyNight(false);
+  EXPECT_FALSE(IsNight(plain.palette()));
+  EXPECT_FALSE(button.font().bold());
 }
 
 }  // namespace
