@@ -131,6 +131,23 @@ void LookStyle::DrawMenuBarItem(const QStyleOptionMenuItem& item, QPainter* pain
                Has(item, State_Enabled), item.text, QPalette::ButtonText);
 }
 
+namespace {
+
+/// Check mark or picture at the left of a menu item.
+void DrawMenuSide(const QStyleOptionMenuItem& item, QPainter* painter, const QRect& side) {
+  if (item.checkType != QStyleOptionMenuItem::NotCheckable) {
+    QStyleOption mark(item);
+    mark.state.setFlag(QStyle::State_On, item.checked);
+    mark.state &= ~(QStyle::State_Sunken | QStyle::State_MouseOver | QStyle::State_NoChange);
+    DrawCheckMark(painter, side, mark, item.checkType == QStyleOptionMenuItem::Exclusive);
+  } else if (!item.icon.isNull()) {
+    item.icon.paint(painter, Middle(side, 16, 16), Qt::AlignCenter,
+                    Has(item, QStyle::State_Enabled) ? QIcon::Normal : QIcon::Disabled);
+  }
+}
+
+}  // namespace
+
 void LookStyle::DrawMenuItem(const QStyleOptionMenuItem& item, QPainter* painter,
                              const QWidget* widget) const {
   const PainterHold hold(painter);
@@ -148,18 +165,7 @@ void LookStyle::DrawMenuItem(const QStyleOptionMenuItem& item, QPainter* painter
                       night ? colours.FieldEdge : item.palette.color(QPalette::Active, QPalette::Highlight));
     text = night ? colours.FocusEdge : item.palette.color(QPalette::Active, QPalette::HighlightedText);
   }
-  const QRect side(r.left() + 4, r.top(), 22, r.height());
-  if (item.checkType != QStyleOptionMenuItem::NotCheckable) {
-    QStyleOption mark(item);
-    mark.state.setFlag(State_On, item.checked);
-    mark.state &= ~(State_Sunken | State_MouseOver | State_NoChange);
-    if (item.checked || !item.menuHasCheckableItems || item.checkType == QStyleOptionMenuItem::Exclusive ||
-        item.checkType == QStyleOptionMenuItem::NonExclusive)
-      DrawCheckMark(painter, side, mark, item.checkType == QStyleOptionMenuItem::Exclusive);
-  } else if (!item.icon.isNull()) {
-    item.icon.paint(painter, Middle(side, 16, 16), Qt::AlignCenter,
-                    enabled ? QIcon::Normal : QIcon::Disabled);
-  }
+  DrawMenuSide(item, painter, QRect(r.left() + 4, r.top(), 22, r.height()));
   painter->setPen(text);
   QFont font(item.font);
   if (item.menuItemType == QStyleOptionMenuItem::DefaultItem) font.setBold(true);
