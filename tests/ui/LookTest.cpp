@@ -22,6 +22,7 @@
 #include "controls/qtDataBox.h"
 #include "controls/qtIcons.h"
 #include "controls/qtMessage.h"
+#include "shell/base/mFiles.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mLang.h"
 #include "shell/base/qtForms.h"
@@ -304,6 +305,28 @@ TEST_F(Look, DataBoxRowsShareTheHeightInOrder) {
     }
     EXPECT_LE(last, height);
   }
+}
+
+TEST_F(Look, DataBoxCutsNoWordInAnyLanguage) {
+  AppPath = TEST_SOURCE_DIR "/data";
+  for (const std::string& file : ListProgramFiles(".ini")) {
+    LanguageFile = file;
+    LanguageLoaded = false;
+    for (const char* const section : {"frmWorldMap", "frmLocalSky", "frmFloating"}) {
+      DataBox box(section);
+      LiveTexts texts;
+      for (const char* const key : {"eclisse", "visibile", "nonvisibile"}) {
+        texts.State = LookupText("Conditions", key);
+        box.SetTexts(texts);
+        EXPECT_EQ(Control<QLabel>(&box, "lblState")->text(), ToQ(texts.State)) << file;
+      }
+      for (const QLabel* const label : box.findChildren<QLabel*>())
+        EXPECT_FALSE(label->text().contains(QChar(0x2026))) << file << " " << label->text().toStdString();
+      EXPECT_FALSE(Control<QLabel>(&box, "lblTrasmissione")->text().isEmpty()) << file;
+      Grabbed(&box, ToQ(file + "-" + section));
+    }
+  }
+  AppPath.clear();
 }
 
 TEST_F(Look, MessageBoxIsCaptionedFromTheLanguageFile) {
