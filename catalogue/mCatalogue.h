@@ -169,8 +169,17 @@ void RemoveActive(int slot);
 /// SubscriptFailure for a slot that is not active.
 void SwapActive(int a, int b);
 
-/// Moves the principal satellite to the end of the list.
+enum class ActiveMove : std::uint8_t { Up, Down, ToPrincipal };
+
+/// Moves the one selected satellite: the commands of cmdUp, cmdDown and cmdPrincipale, with their message for
+/// a choice of none or several. Gives its new position, or -1 where nothing moved.
+int MoveSelected(const std::vector<int>& positions, ActiveMove move);
+
+/// Moves the principal satellite to the end of the list: the command of cmdOrder.
 void RotateActive();
+
+/// Asks whether to remove all active satellites and does so: the command of cmdRemoveAll.
+void RemoveAllActive();
 
 /// Removes all active satellites and clears all slots.
 void ClearActive();

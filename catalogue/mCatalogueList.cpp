@@ -167,6 +167,20 @@ void SwapActive(int a, int b) {
   if (auto* const window = Loaded<DatabaseCalls>("frmDatabase")) window->ActiveListChanged();
 }
 
+int MoveSelected(const std::vector<int>& positions, ActiveMove move) {
+  if (positions.size() != 1) {
+    Tell(MessageKind::Information, LookupText("frmDatabase", "selezionaresatellite"));
+    return -1;
+  }
+  const int from = positions.front();
+  const int to = move == ActiveMove::Up ? from - 1 : move == ActiveMove::Down ? from + 1 : 0;
+  if (from < 0 || from >= ActiveCount || to < 0 || to >= ActiveCount || to == from) return -1;
+  SwapActive(from + 1, to + 1);
+  if (from == 0 || to == 0) PrincipalChanged();
+  if (move == ActiveMove::Down) ShowPrincipalName();
+  return to;
+}
+
 void RotateActive() {
   if (ActiveCount == 0) return;
   SyncActiveRows();
@@ -178,6 +192,7 @@ void RotateActive() {
     ClearSlot(slot);
   }
   if (auto* const window = Loaded<DatabaseCalls>("frmDatabase")) window->ActiveListChanged();
+  PrincipalChanged();
 }
 
 void ClearActive() {
@@ -188,6 +203,13 @@ void ClearActive() {
   ActiveCount = 0;
   ActiveRows.clear();
   ListChanged();
+}
+
+void RemoveAllActive() {
+  if (ActiveCount == 0) return;
+  if (Tell(MessageKind::Question, LookupText("frmDatabase", "richiestacancellazione"),
+           MessageButtons::YesNoDefaultNo) == MessageAnswer::Yes)
+    ClearActive();
 }
 
 void PrincipalChanged() {

@@ -40,7 +40,6 @@ void LongOperation::ShowProgress(const std::string& task, double maximum) {
   if (window == nullptr) return;
   progress_ = true;
   window->Begin(task, maximum);
-  window->Show();
 }
 
 void LongOperation::Step(double value) {
