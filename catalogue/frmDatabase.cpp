@@ -286,6 +286,7 @@ void frmDatabase::ShowStatistics(int index) {
   const QString path = ToQ(DatabaseStats[static_cast<std::size_t>(index)].path);
   static_cast<PathLabel*>(tab.path)->SetPath(path);
   tab.frame->setToolTip(path);
+  tab.frame->setAccessibleName(path);
 }
 
 void frmDatabase::ShowActive() {
