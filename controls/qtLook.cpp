@@ -85,6 +85,7 @@ LookColours ColoursOf(const QPalette& palette) {
   colours.FieldEdge = palette.color(QPalette::Dark);
   colours.FrameEdge = palette.color(QPalette::Mid);
   colours.Workspace = palette.color(QPalette::Shadow);
+  colours.Hairline = colours.FrameEdge;
   if (IsNight(palette)) {
     colours.Caption = nightDark;
     colours.CaptionText = nightText;
@@ -109,6 +110,7 @@ LookColours ColoursOf(const QPalette& palette) {
   colours.FocusEdge = palette.color(QPalette::Active, QPalette::Highlight);
   colours.Hovered = Qt::white;
   colours.Pressed = Mixed(window, colours.FocusEdge, 0.18);
+  colours.Hairline = Mixed(window, text, 0.16);
   colours.Track = Mixed(window, Qt::white, 0.4);
   colours.Thumb = Mixed(window, text, 0.32);
   return colours;

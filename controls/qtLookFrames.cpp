@@ -19,6 +19,14 @@ QColor TextColour(const QStyleOption& option, QPalette::ColorRole role) {
   return option.palette.color(group, role);
 }
 
+QPalette ButtonLabelPalette(const QStyleOption& option) {
+  QPalette palette(option.palette);
+  if (IsNight(palette) && (option.state & (QStyle::State_Sunken | QStyle::State_On)))
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
+      palette.setColor(group, QPalette::ButtonText, ColoursOf(palette).FocusEdge);
+  return palette;
+}
+
 void DrawBox(QPainter* painter, const QRect& rect, const QColor& fill, const QColor& edge, double width,
              double radius) {
   const PainterHold hold(painter);
@@ -52,11 +60,11 @@ void DrawCheckMark(QPainter* painter, const QRect& rect, const QStyleOption& opt
       night ? colours.FieldEdge : option.palette.color(QPalette::Disabled, QPalette::Text);
   QColor fill = option.palette.color(enabled ? QPalette::Base : QPalette::Window);
   QColor edge = enabled ? colours.FieldEdge : disabled;
-  QColor mark = night ? QColor(255, 0, 0) : QColor(Qt::white);
+  QColor mark = night ? colours.FocusEdge : QColor(Qt::white);
   if (on || partly) {
     fill = night ? colours.Pressed : enabled ? highlight : disabled;
     edge = night ? colours.FieldEdge : fill;
-    if (!enabled && night) mark = QColor(128, 0, 0);
+    if (!enabled && night) mark = option.palette.color(QPalette::Window);
   }
   if (Has(option, QStyle::State_Sunken) && !on) fill = colours.Pressed;
   if (Has(option, QStyle::State_MouseOver) && enabled && !on) edge = colours.FocusEdge;
@@ -218,12 +226,12 @@ void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
       return;
     case PE_IndicatorToolBarSeparator: {
       const QRect r = option->rect;
-      painter->fillRect(QRect(r.center().x(), r.top() + 5, 1, r.height() - 10), colours.FrameEdge);
+      painter->fillRect(QRect(r.center().x(), r.top() + 5, 1, r.height() - 10), colours.Hairline);
       return;
     }
     case PE_PanelStatusBar:
       painter->fillRect(option->rect, option->palette.color(QPalette::Window));
-      painter->fillRect(QRect(option->rect.topLeft(), QSize(option->rect.width(), 1)), colours.FrameEdge);
+      painter->fillRect(QRect(option->rect.topLeft(), QSize(option->rect.width(), 1)), colours.Hairline);
       return;
     case PE_PanelItemViewRow:
     case PE_PanelItemViewItem:
@@ -283,8 +291,10 @@ void LookStyle::DrawTabLabel(const QStyleOptionTab& tab, QPainter* painter, cons
   }
   const bool light = Has(tab, State_Selected) && !IsNight(tab.palette);
   QPalette palette(tab.palette);
-  palette.setColor(QPalette::WindowText, tab.palette.color(QPalette::Active, light ? QPalette::HighlightedText
-                                                                                   : QPalette::WindowText));
+  const QColor text =
+      tab.palette.color(QPalette::Active, light ? QPalette::HighlightedText : QPalette::WindowText);
+  for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
+    palette.setColor(group, QPalette::WindowText, text);
   drawItemText(painter, tab.rect.adjusted(14, 0, -10, 0),
                Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, palette, Has(tab, State_Enabled),
                tab.text, QPalette::WindowText);

@@ -202,6 +202,8 @@ int LookStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const
     case PM_RadioButtonLabelSpacing:
     case PM_HeaderMargin:
       return 6;
+    case PM_FocusFrameHMargin:
+      return 5;
     case PM_DefaultFrameWidth:
       return widget != nullptr && widget->inherits("QLineEdit") ? 3 : 2;
     case PM_ScrollBarExtent:

@@ -75,6 +75,8 @@ void DrawArrow(QPainter* painter, const QRect& rect, Qt::ArrowType direction, co
 void DrawCheckMark(QPainter* painter, const QRect& rect, const QStyleOption& option, bool round);
 /// Text of a role in the colours of an option's state.
 QColor TextColour(const QStyleOption& option, QPalette::ColorRole role);
+/// Palette for the caption of a button: at night a pressed or checked one is dark and its caption red.
+QPalette ButtonLabelPalette(const QStyleOption& option);
 /// The rectangle of a size in the middle of another.
 QRect Middle(const QRect& rect, int width, int height);
 

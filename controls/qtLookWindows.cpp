@@ -115,14 +115,15 @@ void LookStyle::DrawSlider(const QStyleOptionSlider& slider, QPainter* painter, 
 
 void LookStyle::DrawMenuBarItem(const QStyleOptionMenuItem& item, QPainter* painter) const {
   painter->fillRect(item.rect, item.palette.color(QPalette::Window));
+  const LookColours colours = ColoursOf(item.palette);
   const bool night = IsNight(item.palette);
   const bool chosen = Has(item, State_Selected) && Has(item, State_Enabled);
   QPalette palette(item.palette);
   QColor text = item.palette.color(QPalette::Active, QPalette::ButtonText);
   if (chosen) {
-    const QColor fill = night ? QColor(Qt::black) : item.palette.color(QPalette::Active, QPalette::Highlight);
+    const QColor fill = night ? colours.FieldEdge : item.palette.color(QPalette::Active, QPalette::Highlight);
     DrawBox(painter, item.rect, fill, QColor());
-    text = night ? QColor(255, 0, 0) : item.palette.color(QPalette::Active, QPalette::HighlightedText);
+    text = night ? colours.FocusEdge : item.palette.color(QPalette::Active, QPalette::HighlightedText);
   }
   palette.setColor(QPalette::Active, QPalette::ButtonText, text);
   palette.setColor(QPalette::Inactive, QPalette::ButtonText, text);
@@ -133,19 +134,19 @@ void LookStyle::DrawMenuBarItem(const QStyleOptionMenuItem& item, QPainter* pain
 void LookStyle::DrawMenuItem(const QStyleOptionMenuItem& item, QPainter* painter,
                              const QWidget* widget) const {
   const PainterHold hold(painter);
+  const LookColours colours = ColoursOf(item.palette);
   const QRect r = item.rect;
   const bool night = IsNight(item.palette), enabled = Has(item, State_Enabled);
   if (item.menuItemType == QStyleOptionMenuItem::Separator) {
-    painter->fillRect(QRect(r.left() + 4, r.center().y(), r.width() - 8, 1),
-                      ColoursOf(item.palette).FrameEdge);
+    painter->fillRect(QRect(r.left() + 4, r.center().y(), r.width() - 8, 1), colours.Hairline);
     return;
   }
   const bool chosen = Has(item, State_Selected) && enabled;
   QColor text = item.palette.color(enabled ? QPalette::Active : QPalette::Disabled, QPalette::Text);
   if (chosen) {
     painter->fillRect(r,
-                      night ? QColor(Qt::black) : item.palette.color(QPalette::Active, QPalette::Highlight));
-    text = night ? QColor(255, 0, 0) : item.palette.color(QPalette::Active, QPalette::HighlightedText);
+                      night ? colours.FieldEdge : item.palette.color(QPalette::Active, QPalette::Highlight));
+    text = night ? colours.FocusEdge : item.palette.color(QPalette::Active, QPalette::HighlightedText);
   }
   const QRect side(r.left() + 4, r.top(), 22, r.height());
   if (item.checkType != QStyleOptionMenuItem::NotCheckable) {
@@ -310,15 +311,22 @@ void LookStyle::drawControl(ControlElement element, const QStyleOption* option, 
       break;
     case CE_ToolBar:
       painter->fillRect(option->rect, option->palette.color(QPalette::Window));
-      painter->fillRect(QRect(option->rect.bottomLeft(), QSize(option->rect.width(), 1)), colours.FrameEdge);
+      painter->fillRect(QRect(option->rect.bottomLeft(), QSize(option->rect.width(), 1)), colours.Hairline);
       return;
     case CE_ShapedFrame:
       if (const auto* const frame = qstyleoption_cast<const QStyleOptionFrame*>(option)) {
         const QRect r = frame->rect;
         if (frame->frameShape == QFrame::HLine)
-          return painter->fillRect(QRect(r.left(), r.center().y(), r.width(), 1), colours.FrameEdge);
+          return painter->fillRect(QRect(r.left(), r.center().y(), r.width(), 1), colours.Hairline);
         if (frame->frameShape == QFrame::VLine)
-          return painter->fillRect(QRect(r.center().x(), r.top(), 1, r.height()), colours.FrameEdge);
+          return painter->fillRect(QRect(r.center().x(), r.top(), 1, r.height()), colours.Hairline);
+      }
+      break;
+    case CE_PushButtonLabel:
+      if (const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
+        QStyleOptionButton label(*button);
+        label.palette = ButtonLabelPalette(*button);
+        return QProxyStyle::drawControl(element, &label, painter, widget);
       }
       break;
     case CE_ComboBoxLabel:
