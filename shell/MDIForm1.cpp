@@ -12,8 +12,7 @@
 #include "catalogue/mCatalogue.h"
 #include "controls/qtIcons.h"
 #include "controls/qtLook.h"
-#include "maps/DrawSurface.h"
-#include "orbit/mSat.h"
+#include "maps/mMapList.h"
 #include "shell/base/mFiles.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mLang.h"
@@ -328,11 +327,7 @@ void MDIForm1::MapTerminator() {
 void MDIForm1::MapRemove() {
   auto* const map = Loaded<WorldMapCalls>("frmWorldMap");
   if (map == nullptr) return;
-  const int slot = map->HoveredSatellite();
-  if (slot < 2 || slot > ActiveCount) return;
-  RemoveActive(slot);
-  if (auto* const database = Loaded<DatabaseCalls>("frmDatabase")) database->ActiveListChanged();
-  DrawQuietly([] { ComputeSatelliteState(1, ClockFields.JulianDayNow); });
+  RemoveMapSatellite(map->HoveredSatellite());
   map->Genera_mappa();
 }
 
