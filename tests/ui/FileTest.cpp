@@ -27,8 +27,6 @@
 namespace halvorine {
 namespace {
 
-const char* const languages[] = {"English", "Italiano", "Deutsch", "Francais", "Espanol"};
-
 /// Folder for pictures of the windows, from the environment; no pictures without it.
 void SavePicture(QWidget* window, const QString& name) {
   const QString folder = qEnvironmentVariable("HALVORINE_PICTURES");
@@ -397,7 +395,7 @@ TEST_F(FileTest, ChannelIsChosenByKeysAndByADoubleClick) {
 }
 
 TEST_F(FileTest, NothingIsCutInAnyLanguage) {
-  for (const char* const language : languages) {
+  for (const std::string& language : InstalledLanguages()) {
     ChooseLanguage(language);
     UnloadAllForms("MDIForm1");
     window_->Lingua();
@@ -410,14 +408,14 @@ TEST_F(FileTest, NothingIsCutInAnyLanguage) {
     const QHeaderView* const header = Control<QTreeView>(Newest<frmDetails>(), "ListView1")->header();
     for (int column = 0; column < header->count(); ++column)
       EXPECT_GE(header->sectionSize(column), header->sectionSizeHint(column)) << language << " " << column;
-    SavePicture(Newest<frmDetails>()->Frame(), QStringLiteral("details-") + language);
+    SavePicture(Newest<frmDetails>()->Frame(), QStringLiteral("details-") + ToQ(language));
     frmChannel dialog(1, 0);
     dialog.show();
     for (const QLabel* const label : dialog.findChildren<QLabel*>())
       EXPECT_GE(label->width(), label->sizeHint().width()) << language;
     for (const QPushButton* const button : dialog.findChildren<QPushButton*>())
       EXPECT_GE(button->width(), button->sizeHint().width()) << language;
-    SavePicture(&dialog, QStringLiteral("channel-") + language);
+    SavePicture(&dialog, QStringLiteral("channel-") + ToQ(language));
     EXPECT_FALSE(FindProgramFile(LookupText("Help", "file")).empty()) << language;
   }
 }
