@@ -6,6 +6,7 @@
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScreen>
 #include <QStatusBar>
 
@@ -49,6 +50,12 @@ class StatusPanel : public QWidget {
   }
 
  protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    // a hairline parts the panels
+    QPainter painter(this);
+    painter.setPen(ColoursOf(palette()).FrameEdge);
+    painter.drawLine(width() - 1, 4, width() - 1, height() - 5);
+  }
   void mouseReleaseEvent(QMouseEvent* event) override {
     if (event->button() == Qt::LeftButton && rect().contains(event->pos())) clicked_();
   }
