@@ -19,7 +19,7 @@ namespace {
 
 QString FreeName() {
   for (int number = 1;; ++number) {
-    const QString name = QStringLiteral("frmFile%1").arg(number);
+    QString name = QStringLiteral("frmFile%1").arg(number);
     if (!IsFormLoaded(FromQ(name))) return name;
   }
 }

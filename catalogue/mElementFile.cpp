@@ -215,7 +215,7 @@ EditorText ReadEditorText(const std::string& path) {
 }
 
 std::string EditorBytes(const EditorText& text) {
-  const std::string lines = Replaced(Replaced(text.text, "\r\n", "\n"), "\n", "\r\n");
+  std::string lines = Replaced(Replaced(text.text, "\r\n", "\n"), "\n", "\r\n");
   if (!text.latin1) return lines;
   std::string bytes;
   for (std::size_t i = 0; i < lines.size(); ++i) {

@@ -6,8 +6,8 @@
 #include "controls/qtPrint.h"
 #include "shell/MDIForm1.h"
 #include "shell/base/mLang.h"
-#include "shell/base/mPlatform.h"
 #include "shell/base/mLongOperation.h"
+#include "shell/base/mPlatform.h"
 
 namespace halvorine {
 
