@@ -19,7 +19,7 @@
 namespace halvorine {
 namespace {
 
-const char* const languages[] = {"English.ini", "Italiano.ini", "Deutsch.ini", "Francais.ini", "Espanol.ini"};
+const char* const languages[] = {"English.ini", "Italiano.ini", "Deutsch.ini", "Français.ini", "Español.ini"};
 
 /// Folder for pictures of the windows, from the environment; no pictures without it.
 void SavePicture(QWidget& window, const QString& name) {
