@@ -34,7 +34,8 @@ QDateTime DateTimeOf(Date date) {
 
 Date DateOf(const QDateTime& moment) {
   const QDate day = moment.date();
-  return AddSeconds(DateOf(day.year(), day.month(), day.day()), moment.time().msecsSinceStartOfDay() / 1000);
+  return AddSeconds(DateOf(day.year(), day.month(), day.day()),
+                    moment.time().msecsSinceStartOfDay() / 1000.0);
 }
 
 QLocale LanguageLocale() {
