@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "controls/qtIcons.h"
+#include "controls/qtLookStyle.h"
 
 namespace halvorine {
 
@@ -119,7 +120,7 @@ void GraphButton::paintEvent(QPaintEvent* /*event*/) {
   const bool underlined = style()->styleHint(QStyle::SH_UnderlineShortcut, &option, this) != 0;
   painter.drawItemText(CaptionRect(),
                        Qt::AlignCenter | (underlined ? Qt::TextShowMnemonic : Qt::TextHideMnemonic),
-                       option.palette, isEnabled(), text(), QPalette::ButtonText);
+                       ButtonLabelPalette(option), isEnabled(), text(), QPalette::ButtonText);
 }
 
 }  // namespace halvorine

@@ -145,7 +145,7 @@ void DataBox::changeEvent(QEvent* event) {
 
 void DataBox::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  const QColor edge = ColoursOf(palette()).FrameEdge;
+  const QColor edge = ColoursOf(palette()).Hairline;
   for (const int y : hairlines_) painter.fillRect(margin, y, FixedWidth - 2 * margin, 1, edge);
 }
 

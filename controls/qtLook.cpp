@@ -85,6 +85,7 @@ LookColours ColoursOf(const QPalette& palette) {
   colours.FieldEdge = palette.color(QPalette::Dark);
   colours.FrameEdge = palette.color(QPalette::Mid);
   colours.Workspace = palette.color(QPalette::Shadow);
+  colours.Hairline = colours.FrameEdge;
   if (IsNight(palette)) {
     colours.Caption = nightDark;
     colours.CaptionText = nightText;
@@ -109,6 +110,7 @@ LookColours ColoursOf(const QPalette& palette) {
   colours.FocusEdge = palette.color(QPalette::Active, QPalette::Highlight);
   colours.Hovered = Qt::white;
   colours.Pressed = Mixed(window, colours.FocusEdge, 0.18);
+  colours.Hairline = Mixed(window, text, 0.16);
   colours.Track = Mixed(window, Qt::white, 0.4);
   colours.Thumb = Mixed(window, text, 0.32);
   return colours;
@@ -141,11 +143,14 @@ void ApplyNight(bool on) {
   QApplication::setPalette(menus, "QMenuBar");
   QToolTip::setPalette(palette);
   // black on dark red is faint: a heavier letter helps
+  // black on dark red is faint: a heavier letter helps
   QApplication::setFont(LookFont());
-  if (on)
-    for (const char* const name : {"QMenu", "QMenuBar", "QPushButton"})
-      QApplication::setFont(LookFont(9, true), name);
+  for (const char* const name : {"QMenu", "QMenuBar", "QPushButton"})
+    QApplication::setFont(LookFont(9, on), name);
   QToolTip::setFont(LookFont());
+  // open windows are told by posted events; without these two the next picture would still be the old one
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::ApplicationPaletteChange);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::ApplicationFontChange);
 }
 
 void ApplyLook(QApplication& application) {

@@ -25,6 +25,7 @@ struct LookColours {
   QColor Caption, CaptionText, InactiveCaption, InactiveCaptionText;  // title bars
   QColor WindowFrame, InactiveWindowFrame;                            // around child windows
   QColor FieldEdge;                                                   // fields, buttons, check boxes
+  QColor Hairline;                                                    // between rows and blocks
   QColor FrameEdge;                                                   // groups, tab pages, hairlines
   QColor Page;                                                        // inside of groups and tab pages
   QColor FocusEdge;                                                   // focus and default button

@@ -8,6 +8,13 @@
 
 namespace halvorine {
 
+namespace {
+
+/// A polygon of a list of points; named, since the constructors of a polygon cannot be told apart by a list.
+QPolygonF Points(const QList<QPointF>& points) { return QPolygonF(points); }
+
+}  // namespace
+
 QRect Middle(const QRect& rect, int width, int height) {
   return {rect.left() + (rect.width() - width) / 2, rect.top() + (rect.height() - height) / 2, width, height};
 }
@@ -17,6 +24,14 @@ QColor TextColour(const QStyleOption& option, QPalette::ColorRole role) {
                                      : Has(option, QStyle::State_Active) ? QPalette::Active
                                                                          : QPalette::Inactive;
   return option.palette.color(group, role);
+}
+
+QPalette ButtonLabelPalette(const QStyleOption& option) {
+  QPalette palette(option.palette);
+  if (IsNight(palette) && (option.state & (QStyle::State_Sunken | QStyle::State_On)))
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
+      palette.setColor(group, QPalette::ButtonText, ColoursOf(palette).FocusEdge);
+  return palette;
 }
 
 void DrawBox(QPainter* painter, const QRect& rect, const QColor& fill, const QColor& edge, double width,
@@ -39,7 +54,7 @@ void DrawArrow(QPainter* painter, const QRect& rect, Qt::ArrowType direction, co
   constexpr int quarters[] = {0, 180, 0, 90, -90};  // NoArrow, up, down, left, right
   painter->rotate(quarters[direction]);
   const double half = size, height = size * 0.55;
-  painter->drawPolygon(QPolygonF({{-half, -height}, {half, -height}, {0, height}}));
+  painter->drawPolygon(Points({{-half, -height}, {half, -height}, {0, height}}));
 }
 
 void DrawCheckMark(QPainter* painter, const QRect& rect, const QStyleOption& option, bool round) {
@@ -52,11 +67,11 @@ void DrawCheckMark(QPainter* painter, const QRect& rect, const QStyleOption& opt
       night ? colours.FieldEdge : option.palette.color(QPalette::Disabled, QPalette::Text);
   QColor fill = option.palette.color(enabled ? QPalette::Base : QPalette::Window);
   QColor edge = enabled ? colours.FieldEdge : disabled;
-  QColor mark = night ? QColor(255, 0, 0) : QColor(Qt::white);
+  QColor mark = night ? colours.FocusEdge : QColor(Qt::white);
   if (on || partly) {
     fill = night ? colours.Pressed : enabled ? highlight : disabled;
     edge = night ? colours.FieldEdge : fill;
-    if (!enabled && night) mark = QColor(128, 0, 0);
+    if (!enabled && night) mark = option.palette.color(QPalette::Window);
   }
   if (Has(option, QStyle::State_Sunken) && !on) fill = colours.Pressed;
   if (Has(option, QStyle::State_MouseOver) && enabled && !on) edge = colours.FocusEdge;
@@ -66,8 +81,7 @@ void DrawCheckMark(QPainter* painter, const QRect& rect, const QStyleOption& opt
   painter->translate(box.topLeft());
   if (partly || (on && !round)) {
     painter->setPen(QPen(mark, 1.9, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter->drawPolyline(partly ? QPolygonF({{4, 7}, {10, 7}})
-                                 : QPolygonF({{3.7, 7.3}, {6, 9.7}, {10.4, 4.6}}));
+    painter->drawPolyline(partly ? Points({{4, 7}, {10, 7}}) : Points({{3.7, 7.3}, {6, 9.7}, {10.4, 4.6}}));
   } else if (on) {
     painter->setPen(Qt::NoPen);
     painter->setBrush(mark);
@@ -109,6 +123,16 @@ void DrawField(const QStyleOption& option, QPainter* painter, bool filled) {
           filled ? option.palette.color(enabled ? QPalette::Base : QPalette::Window) : QColor(), edge);
 }
 
+/// The sides and the bottom of a child window, below its title bar.
+void DrawWindowFrame(const QStyleOption& option, QPainter* painter, int width, int title) {
+  const LookColours colours = ColoursOf(option.palette);
+  const QColor edge = Has(option, QStyle::State_Active) ? colours.WindowFrame : colours.InactiveWindowFrame;
+  const QRect r = option.rect;
+  painter->fillRect(r.left(), r.top() + title, width, r.height() - title, edge);
+  painter->fillRect(r.right() - width + 1, r.top() + title, width, r.height() - title, edge);
+  painter->fillRect(r.left(), r.bottom() - width + 1, r.width(), width, edge);
+}
+
 /// Frame of the row that is selected at night, when its fill does not differ from the rest.
 void DrawNightRow(const QStyleOptionViewItem& item, QPainter* painter) {
   using Position = QStyleOptionViewItem::ViewItemPosition;
@@ -143,6 +167,8 @@ bool LookStyle::DrawFrame(PrimitiveElement element, const QStyleOption* option, 
     case PE_Frame:
       if (qobject_cast<const QAbstractScrollArea*>(widget) != nullptr)
         DrawField(*option, painter, true);
+      else if (widget != nullptr && widget->inherits("QComboBoxPrivateContainer"))
+        painter->fillRect(option->rect, colours.FieldEdge);
       else
         DrawBox(painter, option->rect, QColor(), colours.FrameEdge);
       return true;
@@ -165,24 +191,36 @@ bool LookStyle::DrawFrame(PrimitiveElement element, const QStyleOption* option, 
     case PE_FrameMenu:
       DrawBox(painter, option->rect, QColor(), colours.FieldEdge, 1, 0);
       return true;
-    case PE_FrameWindow: {
-      const QColor edge = Has(*option, State_Active) ? colours.WindowFrame : colours.InactiveWindowFrame;
-      const QRect r = option->rect;
-      const int w = pixelMetric(PM_MdiSubWindowFrameWidth, option, widget);
-      const int title = pixelMetric(PM_TitleBarHeight, option, widget);
-      painter->fillRect(r.left(), r.top() + title, w, r.height() - title, edge);
-      painter->fillRect(r.right() - w + 1, r.top() + title, w, r.height() - title, edge);
-      painter->fillRect(r.left(), r.bottom() - w + 1, r.width(), w, edge);
+    case PE_FrameWindow:
+      DrawWindowFrame(*option, painter, pixelMetric(PM_MdiSubWindowFrameWidth, option, widget),
+                      pixelMetric(PM_TitleBarHeight, option, widget));
       return true;
-    }
     default:
       return false;
   }
 }
 
+bool LookStyle::DrawArrowElement(PrimitiveElement element, const QStyleOption* option,
+                                 QPainter* painter) const {
+  Qt::ArrowType direction = Qt::NoArrow;
+  int size = 4;
+  if (element == PE_IndicatorArrowUp) direction = Qt::UpArrow;
+  if (element == PE_IndicatorArrowDown) direction = Qt::DownArrow;
+  if (element == PE_IndicatorArrowLeft) direction = Qt::LeftArrow;
+  if (element == PE_IndicatorArrowRight) direction = Qt::RightArrow;
+  if (const auto* const header = qstyleoption_cast<const QStyleOptionHeader*>(option);
+      element == PE_IndicatorHeaderArrow && header != nullptr) {
+    direction = header->sortIndicator == QStyleOptionHeader::SortUp ? Qt::DownArrow : Qt::UpArrow;
+    size = 3;
+  }
+  if (direction == Qt::NoArrow) return false;
+  DrawArrow(painter, option->rect, direction, TextColour(*option, QPalette::ButtonText), size);
+  return true;
+}
+
 void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                               const QWidget* widget) const {
-  if (DrawFrame(element, option, painter, widget)) return;
+  if (DrawFrame(element, option, painter, widget) || DrawArrowElement(element, option, painter)) return;
   const LookColours colours = ColoursOf(option->palette);
   switch (element) {
     case PE_PanelButtonCommand:
@@ -202,28 +240,14 @@ void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
       if (Has(*option, State_KeyboardFocusChange) && qobject_cast<const QPushButton*>(widget) == nullptr)
         DrawBox(painter, option->rect, QColor(), colours.FocusEdge, 1, 2);
       return;
-    case PE_IndicatorArrowUp:
-      return DrawArrow(painter, option->rect, Qt::UpArrow, TextColour(*option, QPalette::ButtonText));
-    case PE_IndicatorArrowDown:
-      return DrawArrow(painter, option->rect, Qt::DownArrow, TextColour(*option, QPalette::ButtonText));
-    case PE_IndicatorArrowLeft:
-      return DrawArrow(painter, option->rect, Qt::LeftArrow, TextColour(*option, QPalette::ButtonText));
-    case PE_IndicatorArrowRight:
-      return DrawArrow(painter, option->rect, Qt::RightArrow, TextColour(*option, QPalette::ButtonText));
-    case PE_IndicatorHeaderArrow:
-      if (const auto* const header = qstyleoption_cast<const QStyleOptionHeader*>(option))
-        DrawArrow(painter, option->rect,
-                  header->sortIndicator == QStyleOptionHeader::SortUp ? Qt::DownArrow : Qt::UpArrow,
-                  TextColour(*option, QPalette::ButtonText), 3);
-      return;
     case PE_IndicatorToolBarSeparator: {
       const QRect r = option->rect;
-      painter->fillRect(QRect(r.center().x(), r.top() + 5, 1, r.height() - 10), colours.FrameEdge);
+      painter->fillRect(QRect(r.center().x(), r.top() + 5, 1, r.height() - 10), colours.Hairline);
       return;
     }
     case PE_PanelStatusBar:
       painter->fillRect(option->rect, option->palette.color(QPalette::Window));
-      painter->fillRect(QRect(option->rect.topLeft(), QSize(option->rect.width(), 1)), colours.FrameEdge);
+      painter->fillRect(QRect(option->rect.topLeft(), QSize(option->rect.width(), 1)), colours.Hairline);
       return;
     case PE_PanelItemViewRow:
     case PE_PanelItemViewItem:
@@ -283,8 +307,10 @@ void LookStyle::DrawTabLabel(const QStyleOptionTab& tab, QPainter* painter, cons
   }
   const bool light = Has(tab, State_Selected) && !IsNight(tab.palette);
   QPalette palette(tab.palette);
-  palette.setColor(QPalette::WindowText, tab.palette.color(QPalette::Active, light ? QPalette::HighlightedText
-                                                                                   : QPalette::WindowText));
+  const QColor text =
+      tab.palette.color(QPalette::Active, light ? QPalette::HighlightedText : QPalette::WindowText);
+  for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
+    palette.setColor(group, QPalette::WindowText, text);
   drawItemText(painter, tab.rect.adjusted(14, 0, -10, 0),
                Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, palette, Has(tab, State_Enabled),
                tab.text, QPalette::WindowText);

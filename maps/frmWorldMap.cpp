@@ -1,11 +1,11 @@
 #include "maps/frmWorldMap.h"
 
 #include <QHBoxLayout>
-#include <QIcon>
 #include <algorithm>
 #include <array>
 
 #include "controls/qtDataBox.h"
+#include "controls/qtIcons.h"
 #include "maps/mMapList.h"
 #include "maps/qtSurface.h"
 #include "orbit/mSat.h"
@@ -17,7 +17,6 @@ namespace halvorine {
 
 namespace {
 
-constexpr int dataBoxWidth = 1935;                        // twips
 constexpr int smallestWidth = 160, smallestHeight = 120;  // logical pixels, of a stored window
 const std::string section = "frmWorldMap";
 const std::string settingsSection = "Mappamondo";
@@ -66,7 +65,7 @@ frmWorldMap::frmWorldMap() : ChildForm(QString::fromStdString(section)) {
   layout->addWidget(fraSatellitePrincipale_);
   layout->addWidget(picture1_, 1);
   setFocusProxy(picture1_);
-  fraSatellitePrincipale_->ReadCaptions();
+  fraSatellitePrincipale_->setMinimumHeight(1);  // a tiled window may be lower than all rows
   fraSatellitePrincipale_->setAccessibleName(Text(section, "satelliteprincipale"));
   SetChecksFromOptions();
   PlaceDataBox();
@@ -130,7 +129,7 @@ void frmWorldMap::ResetTitle() {
 }
 
 void frmWorldMap::PlaceDataBox() {
-  fraSatellitePrincipale_->setFixedWidth(IsOn("mnuWorldmapRiquadroDati") ? PixelsOf(dataBoxWidth) : 0);
+  fraSatellitePrincipale_->setFixedWidth(IsOn("mnuWorldmapRiquadroDati") ? DataBox::FixedWidth : 0);
   layout()->activate();
 }
 

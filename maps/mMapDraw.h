@@ -15,7 +15,7 @@ namespace halvorine {
 
 /// Lists of the main window's icons, and the icons that the map takes from them.
 enum class IconList : std::uint8_t { Main, Second };
-enum MapIcon : int {
+enum MapIconNumber : int {
   IconSatellite = 11,
   IconTelescope = 13,
   IconStation = 14,

@@ -1,27 +1,10 @@
 #include "maps/qtMapPictures.h"
 
+#include "controls/qtIcons.h"
 #include "shell/base/mFiles.h"
 #include "shell/base/qtForms.h"
 
 namespace halvorine {
-
-const char* MapIconName(IconList list, int number) {
-  if (list == IconList::Second) return number == IconSun ? "sun" : "";
-  switch (number) {
-    case IconSatellite:
-      return "map_sat";
-    case IconTelescope:
-      return "map_telescope_sat";
-    case IconStation:
-      return "map_station";
-    case IconPrincipal:
-      return "map_sat_main";
-    case IconRocket:
-      return "map_rocket";
-    default:
-      return "";
-  }
-}
 
 const DrawPicture& QtMapPictures::MapFile(std::string_view name) {
   // only the picture in use keeps its copy in the size of the window
@@ -36,7 +19,10 @@ const DrawPicture& QtMapPictures::Icon(IconList list, int number) {
   const std::pair<IconList, int> key(list, number);
   const std::map<std::pair<IconList, int>, QtPicture>::iterator found = icons_.find(key);
   if (found != icons_.end()) return found->second;
-  return icons_.emplace(key, QtPicture::IconNamed(QString::fromLatin1(MapIconName(list, number))))
+  const auto load = list == IconList::Main ? MapIconIn : SecondIconIn;
+  return icons_
+      .emplace(key, QtPicture::Icon(
+                        [load, number](bool night, double ratio) { return load(number, night, ratio); }))
       .first->second;
 }
 

@@ -11,9 +11,6 @@
 
 namespace halvorine {
 
-/// Name of an icon of the main window's lists, such as "map_sat"; the empty text for a number without one.
-const char* MapIconName(IconList list, int number);
-
 class QtMapPictures : public MapPictures {
  public:
   const DrawPicture& MapFile(std::string_view name) override;

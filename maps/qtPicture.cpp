@@ -1,27 +1,23 @@
 #include <QImageReader>
+#include <QPainter>
 #include <cmath>
 
+#include "controls/qtIcons.h"
 #include "maps/qtSurface.h"
 
 namespace halvorine {
 
 namespace {
 
-constexpr double twips = 15;  // to a logical pixel
-constexpr double photographAtNight = 0.65;
-constexpr int tileSize = 8;  // device pixels
+constexpr double twips = 15;                // to a logical pixel
+constexpr double photographDimming = 0.35;  // taken off a photograph before it turns red
+constexpr int tileSize = 8;                 // device pixels
 
-QImage InNightColours(const QImage& day, double strength) {
-  QImage image = day.convertToFormat(QImage::Format_ARGB32);
-  for (int y = 0; y < image.height(); ++y) {
-    QRgb* const row = reinterpret_cast<QRgb*>(image.scanLine(y));
-    for (int x = 0; x < image.width(); ++x) {
-      const QColor pixel(static_cast<int>(qRed(row[x]) * strength),
-                         static_cast<int>(qGreen(row[x]) * strength),
-                         static_cast<int>(qBlue(row[x]) * strength));
-      row[x] = qRgba(NightShadeOf(pixel).red(), 0, 0, qAlpha(row[x]));
-    }
-  }
+QImage Dimmed(const QImage& picture, double opacity) {
+  QImage image = picture.convertToFormat(QImage::Format_RGB32);
+  QPainter painter(&image);
+  painter.setOpacity(opacity);
+  painter.fillRect(image.rect(), Qt::black);
   return image;
 }
 
@@ -40,11 +36,10 @@ QtPicture QtPicture::Photograph(const QString& path) {
   return picture;
 }
 
-QtPicture QtPicture::IconNamed(const QString& name) {
+QtPicture QtPicture::Icon(std::function<QPixmap(bool night, double pixelRatio)> load) {
   QtPicture picture;
-  picture.icon_ = true;
-  picture.image_ = QImage(QStringLiteral(":/icons/%1.png").arg(name));
-  picture.twice_ = QImage(QStringLiteral(":/icons/%1@2x.png").arg(name));
+  picture.image_ = load(false, 1).toImage();
+  picture.load_ = std::move(load);
   return picture;
 }
 
@@ -53,16 +48,15 @@ double QtPicture::NaturalHeight() const { return image_.height() * twips; }
 
 const QImage& QtPicture::Drawn(QSize devicePixels, bool night) const {
   if (drawn_.size() == devicePixels && drawnAtNight_ == night) return drawn_;
-  if (devicePixels.isEmpty()) return drawn_ = QImage();
-  const bool larger = devicePixels.width() > image_.width() && !twice_.isNull();
-  QImage scaled = (larger ? twice_ : image_);
-  scaled.setDevicePixelRatio(1);
-  if (scaled.size() != devicePixels)
-    scaled = scaled.scaled(devicePixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-  if (night) scaled = InNightColours(scaled, icon_ ? 1.0 : photographAtNight);
-  drawn_ = scaled.convertToFormat(scaled.hasAlphaChannel() && icon_ ? QImage::Format_ARGB32_Premultiplied
-                                                                    : QImage::Format_RGB32);
   drawnAtNight_ = night;
+  if (devicePixels.isEmpty() || image_.isNull()) return drawn_ = QImage();
+  drawn_ = load_ ? load_(night, double{1} * devicePixels.width() / image_.width()).toImage() : image_;
+  drawn_.setDevicePixelRatio(1);
+  if (drawn_.size() != devicePixels)
+    drawn_ = drawn_.scaled(devicePixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  if (night && !load_) drawn_ = NightMapImage(Dimmed(drawn_, photographDimming));
+  drawn_ =
+      std::move(drawn_).convertToFormat(load_ ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
   return drawn_;
 }
 

@@ -7,9 +7,10 @@
 #include <QHash>
 #include <QImage>
 #include <QPainterPath>
-#include <QPointer>
+#include <QPixmap>
 #include <QPolygonF>
 #include <QWidget>
+#include <functional>
 #include <vector>
 
 #include "maps/DrawSurface.h"
@@ -22,12 +23,12 @@ namespace halvorine {
 /// Deep red of a colour for dark-adapted eyes, keeping its alpha.
 QColor NightShadeOf(const QColor& colour);
 
-/// A picture in memory: a photograph, or an icon in one and two device pixels to a logical one.
+/// A picture in memory: a photograph, or an icon that is fetched for the pixel ratio and the colours wanted.
 class QtPicture : public DrawPicture {
  public:
   QtPicture() = default;
   static QtPicture Photograph(const QString& path);
-  static QtPicture IconNamed(const QString& name);
+  static QtPicture Icon(std::function<QPixmap(bool night, double pixelRatio)> load);
 
   bool Empty() const override { return image_.isNull(); }
   double NaturalWidth() const override;
@@ -38,8 +39,8 @@ class QtPicture : public DrawPicture {
   void ForgetDrawn() const { drawn_ = QImage(); }
 
  private:
-  QImage image_, twice_;
-  bool icon_ = false;
+  QImage image_;
+  std::function<QPixmap(bool, double)> load_;  // of an icon
   mutable QImage drawn_;
   mutable bool drawnAtNight_ = false;
 };

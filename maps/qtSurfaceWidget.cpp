@@ -19,8 +19,13 @@ SurfaceWidget::SurfaceWidget(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
-double SurfaceWidget::UserXOf(const QPointF& place) const { return surface_.UserX(place.x() * twips); }
-double SurfaceWidget::UserYOf(const QPointF& place) const { return surface_.UserY(place.y() * twips); }
+double SurfaceWidget::UserXOf(const QPointF& place) const {
+  return size().isEmpty() ? 0 : surface_.UserX(place.x() * twips);
+}
+
+double SurfaceWidget::UserYOf(const QPointF& place) const {
+  return size().isEmpty() ? 0 : surface_.UserY(place.y() * twips);
+}
 
 void SurfaceWidget::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);

@@ -20,6 +20,11 @@ struct WorkingElementsRecord {
   double Bstar = 0;                                      // per Earth radius
   double Epoch = 0;                                      // Julian day
   double Aodp = 0, Xnodp = 0;                            // recovered axis (Earth radii) and motion
+  // inputs of the deep-space perturbations beside those above
+  double Eosq = 0, Sinio = 0, Cosio = 0, Betao = 0, Betao2 = 0, Theta2 = 0, Sing = 0, Cosg = 0;
+  double Xmdot = 0, Omgdot = 0, Xnodot = 0;  // radians per minute
+  // elements at an instant, which the perturbations change
+  double Xll = 0, Omgasm = 0, Xnodes = 0, Em = 0, Xinc = 0, Xn = 0, T = 0;
 };
 
 inline WorkingElementsRecord WorkingElements;
@@ -64,8 +69,17 @@ void Estrai_Dati_Satellite(int slot, const std::string& nameLine, const std::str
 /// the table moves or changes its size; who changes rows in place calls this.
 void IndexFrequencies();
 
-/// Near-earth model SGP4 at `tsince` minutes from the epoch of WorkingElements; raises ArithmeticFailure.
+/// The orbit models at `tsince` minutes from the epoch of WorkingElements: position and velocity into
+/// PositionKm and VelocityKmS. All raise ArithmeticFailure, and then leave both vectors as they were. SGP,
+/// SGP4 and SDP4 are those of Spacetrack Report No. 3, SDP4 being meant for orbits of 225 minutes and more;
+/// Plan13 is a Kepler ellipse with secular drift of node and perigee. Plan13 knows no failure of its own.
+void PropagatePlan13(double tsince);
+void PropagateSGP(double tsince);
 void PropagateSGP4(double tsince);
+void PropagateSDP4(double tsince);
+
+/// Greenwich angle in radians, 0 to two pi, for the deep-space model; `ds50` gets the days since 1950.
+double ThetaG(double julianDay, double& ds50);
 
 /// State of a slot at a Julian day (Universal Time), for the observer in Site and the options of satellites.
 /// Writes the slot's SatelliteState, WorkingElements, both vectors and the Sun's elevation. A slot outside

@@ -57,6 +57,58 @@ struct Sgp4Terms {
 void InitSgp4(const WorkingElementsRecord& elements, Sgp4Terms& terms);
 void RunSgp4(const Sgp4Terms& terms, double tsince, OrbitVectors& out);
 
+/// What SGP keeps for an element set.
+struct SgpTerms {
+  double M0 = 0, Node0 = 0, Omega0 = 0, I0 = 0, N0 = 0, NDot = 0, NDDot = 0;
+  double ao = 0, qo = 0, xlo = 0, d10 = 0, d20 = 0, d30 = 0, d40 = 0, omgdt = 0, xnodot = 0, c5 = 0, c6 = 0;
+};
+
+void InitSgp(const WorkingElementsRecord& elements, SgpTerms& terms);
+void RunSgp(const SgpTerms& terms, double tsince, OrbitVectors& out);
+
+/// What Plan13 keeps for an element set.
+struct Plan13Terms {
+  double M0 = 0, Node0 = 0, Omega0 = 0, E0 = 0, N0 = 0;
+  double ns = 0, a0 = 0, b0 = 0, qd = 0, wd = 0, dc = 0, cosi = 0, sini = 0;
+};
+
+void InitPlan13(const WorkingElementsRecord& elements, Plan13Terms& terms);
+void RunPlan13(const Plan13Terms& terms, double tsince, OrbitVectors& out);
+
+/// State of the deep-space perturbations; names are those of the report's routine.
+struct DeepStateRecord {
+  // day of the lunar terms, and what depends on it alone
+  double Preep = 0;
+  double Zcosil = 0, Zsinil = 0, Zsinhl = 0, Zcoshl = 0, Zmol = 0, Zmos = 0, Zcosgl = 0, Zsingl = 0;
+
+  double ds50 = 0, thgr = 0, xnq = 0, xqncl = 0, omegaq = 0, omgdot = 0, e0 = 0, i0 = 0, sinio = 0, cosio = 0;
+  double sse = 0, ssi = 0, ssl = 0, ssg = 0, ssh = 0;
+  double se2 = 0, se3 = 0, si2 = 0, si3 = 0, sl2 = 0, sl3 = 0, sl4 = 0, sgh2 = 0, sgh3 = 0, sgh4 = 0, sh2 = 0,
+         sh3 = 0;
+  double ee2 = 0, e3 = 0, xi2 = 0, xi3 = 0, xl2 = 0, xl3 = 0, xl4 = 0, xgh2 = 0, xgh3 = 0, xgh4 = 0, xh2 = 0,
+         xh3 = 0;
+  bool iresfl = false, isynfl = false;
+  double d2201 = 0, d2211 = 0, d3210 = 0, d3222 = 0, d4410 = 0, d4422 = 0, d5220 = 0, d5232 = 0, d5421 = 0,
+         d5433 = 0;
+  double del1 = 0, del2 = 0, del3 = 0;
+  double xlamo = 0, xfact = 0;
+};
+
+/// Lunar and solar perturbations and the resonances of deep orbits. Entry 1 sets `state` up from `elements`;
+/// entry 2 adds the secular part and entry 3 the periodic one to Xll, Omgasm, Xnodes, Em, Xinc and Xn of
+/// `elements` for its T. The records are handed over so that a set's state can be kept. Other entries do
+/// nothing.
+void DeepSpacePerturbations(int entry, WorkingElementsRecord& elements, DeepStateRecord& state);
+
+/// What SDP4 keeps for an element set.
+struct Sdp4Terms {
+  SecularTerms secular;
+  DeepStateRecord deep;
+};
+
+void InitSdp4(WorkingElementsRecord& elements, Sdp4Terms& terms);
+void RunSdp4(Sdp4Terms& terms, double tsince, WorkingElementsRecord& elements, OrbitVectors& out);
+
 /// Elements at an instant, on their way into short-period terms.
 struct MeanPlace {
   double a = 0, e = 0, omega = 0, xnode = 0, xl = 0, xinc = 0;

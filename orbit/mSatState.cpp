@@ -78,11 +78,17 @@ void PlaceObserver(StateScratchRecord& k) {
 
 void RunModel(bool deep, double minutes) {
   switch (Options.Propagator) {
+    case 0:
+      PropagatePlan13(minutes);
+      break;
+    case 1:
+      PropagateSGP(minutes);
+      break;
     case 2:
       PropagateSGP4(minutes);
       break;
     case 3:
-      if (!deep) PropagateSGP4(minutes);
+      deep ? PropagateSDP4(minutes) : PropagateSGP4(minutes);
       break;
     default:
       break;

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QStandardPaths>
 #include <QString>
+#include <QTemporaryDir>
 #include <clocale>
 #include <cstdio>
 
@@ -33,6 +34,9 @@ void FailOnWarning(QtMsgType type, const QMessageLogContext& /*context*/, const 
 
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QTemporaryDir runtimeFolder;  // where the session has none, its first use would be a warning
+  if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
+    qputenv("XDG_RUNTIME_DIR", runtimeFolder.path().toLocal8Bit());
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   QStandardPaths::setTestModeEnabled(true);
   testing::InitGoogleTest(&argc, argv);
