@@ -9,6 +9,7 @@
 #include "maps/frmWorldMap.h"
 #include "shell/base/mPlatform.h"
 #include "shell/base/qtForms.h"
+#include "shell/frmCalendar.h"
 #include "shell/frmTime.h"
 #include "shell/mStart.h"
 
@@ -35,6 +36,7 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 
 void RegisterWindows() {
   MakeLoadable<frmTime>("frmTime");
+  MakeLoadable<frmCalendar>("frmCalendar");
   MakeLoadable<frmDatabase>("frmDatabase");
   MakeLoadable<frmProgress>("frmProgress");
   MakeLoadable<frmWorldMap>("frmWorldMap");

@@ -109,6 +109,22 @@ std::vector<Stop> Stops(MDIForm1& window) {
          Settle();
          return child("frmDatabase");
        }},
+      {"frmTime", "The clocks, and a simulation that waits for its start",
+       [=, &window] {
+         window.RunCommand("mnuOpzioniData");
+         auto* const time = Load<TimeCalls>("frmTime");
+         time->SetUsesComputerClock(false);
+         Settle();
+         return child("frmTime");
+       }},
+      {"frmCalendar", "A month to look at",
+       [=, &window] {
+         auto* const time = Load<TimeCalls>("frmTime");
+         time->SetUsesComputerClock(true);
+         window.RunCommand("mnuStrumentiCalendario");
+         Settle();
+         return child("frmCalendar");
+       }},
       {"frmProgress", "Long work shows how far it is, and can be cancelled",
        [] {
          auto* const progress = Load<ProgressCalls>("frmProgress");
@@ -121,7 +137,8 @@ std::vector<Stop> Stops(MDIForm1& window) {
       {"frmWorldMap-Ortho", "The globe, turned to the principal satellite",
        [&window] {
          if (FormCalls* const progress = LoadedForm("frmProgress")) progress->Unload();
-         if (FormCalls* const database = LoadedForm("frmDatabase")) database->Unload();
+         for (const char* const name : {"frmDatabase", "frmCalendar", "frmTime"})
+           if (FormCalls* const form = LoadedForm(name)) form->Unload();
          return OpenMap(window, "mnuTerraMappaOrtografica", QSize(711, 490));
        }},
       {"frmWorldMap-Recta", "The rectangular map with track, circle, night side and the live values",

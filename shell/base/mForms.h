@@ -110,6 +110,14 @@ class ProgressCalls : public FormCalls {
   virtual void SetValue(double value) = 0;
 };
 
+/// A window that can save what it shows. The command Save asks the active child window for it, so that
+/// windows of which several stand open need no name for it.
+class SaveCalls {
+ public:
+  virtual ~SaveCalls() = default;
+  virtual void Salva() = 0;
+};
+
 /// Whether a window of that name is loaded, compared without regard to case. Creates nothing.
 bool IsFormLoaded(std::string_view name);
 
