@@ -33,7 +33,10 @@ class BenchPlatform : public FakePlatform {
 /// A file of many entries out of the sample's sets with numbers of their own, and 200 of them active.
 class Catalogue {
  public:
-  Catalogue() : path_((std::filesystem::temp_directory_path() / "halvorine_bench.txt").string()) {
+  Catalogue()
+      : path_((std::filesystem::temp_directory_path() /
+               ("halvorine_bench_" + std::to_string(QCoreApplication::applicationPid()) + ".txt"))
+                  .string()) {
     ResetSharedRecords();
     ResetForms();
     AppPath = TEST_SOURCE_DIR "/data";

@@ -77,6 +77,7 @@ MDIForm1::MDIForm1() : area_(new QMdiArea(this)), toolbar_(nullptr), tmrCentrale
   SetWorkArea(area_);
   RegisterForm("MDIForm1", this);
   MakeMenus();
+  FollowFocus();
   MakeToolbar();
   MakeStatusBar();
   tmrCentrale_->setObjectName(QStringLiteral("tmrCentrale"));
@@ -87,6 +88,8 @@ MDIForm1::MDIForm1() : area_(new QMdiArea(this)), toolbar_(nullptr), tmrCentrale
 }
 
 MDIForm1::~MDIForm1() {
+  // the focus still moves while the controls go, after the members of this class have gone
+  disconnect(qApp, nullptr, this, nullptr);
   UnregisterForm("MDIForm1");
   SetWorkArea(nullptr);
 }
@@ -372,6 +375,7 @@ void MDIForm1::closeEvent(QCloseEvent* event) {
   TickEnabled = false;
   tmrCentrale_->stop();
   UnloadAllForms("MDIForm1");
+  TickEnabled = false;  // the end of the time window has set the clock going again
   event->accept();
   QCoreApplication::quit();
 }

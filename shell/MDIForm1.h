@@ -9,6 +9,7 @@
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMenu>
+#include <QPointer>
 #include <QTimer>
 #include <QToolBar>
 #include <array>
@@ -40,6 +41,7 @@ class MDIForm1 : public QMainWindow, public MainFormCalls {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   friend struct MenuTable;
@@ -54,6 +56,16 @@ class MDIForm1 : public QMainWindow, public MainFormCalls {
   void ShowDialog(QDialog& dialog);
   bool AskExit();
   void EndProgram();
+
+  void FollowFocus();
+  void EnableFileItems();
+  void EnableEditItems();
+  void SaveActive();
+  void EditUndo();
+  void EditCut();
+  void EditCopy();
+  void EditPaste();
+  void EditDelete();
 
   void OpenFile();
   void ViewFile();
@@ -101,6 +113,7 @@ class MDIForm1 : public QMainWindow, public MainFormCalls {
   std::array<QWidget*, 3> panels_{};
   std::array<QLabel*, 3> panelTexts_{};
   int newFiles_ = 0;  // texts begun so far; each is captioned with its number
+  QPointer<QWidget> editTarget_;  // what has, or had before a menu took it, the keyboard
   bool closing_ = false;
 };
 

@@ -10,6 +10,7 @@
 #include "prediction/frmDetails.h"
 #include "shell/base/mPlatform.h"
 #include "shell/base/qtForms.h"
+#include "shell/frmCalendar.h"
 #include "shell/frmTime.h"
 #include "shell/mStart.h"
 
@@ -36,6 +37,7 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 
 void RegisterWindows() {
   MakeLoadable<frmTime>("frmTime");
+  MakeLoadable<frmCalendar>("frmCalendar");
   MakeLoadable<frmDatabase>("frmDatabase");
   MakeLoadable<frmDetails>("frmDetails");
   MakeLoadable<frmProgress>("frmProgress");

@@ -126,6 +126,22 @@ std::vector<Stop> Stops(MDIForm1& window) {
          return child("frmDetails");
        }},
       {"frmChannel", "The radio channels of a satellite", [=] { return dialog(new frmChannel(1, 0)); }},
+      {"frmTime", "The clocks, and a simulation that waits for its start",
+       [=, &window] {
+         window.RunCommand("mnuOpzioniData");
+         auto* const time = Load<TimeCalls>("frmTime");
+         time->SetUsesComputerClock(false);
+         Settle();
+         return child("frmTime");
+       }},
+      {"frmCalendar", "A month to look at",
+       [=, &window] {
+         auto* const time = Load<TimeCalls>("frmTime");
+         time->SetUsesComputerClock(true);
+         window.RunCommand("mnuStrumentiCalendario");
+         Settle();
+         return child("frmCalendar");
+       }},
       {"frmProgress", "Long work shows how far it is, and can be cancelled",
        [] {
          auto* const progress = Load<ProgressCalls>("frmProgress");
@@ -138,7 +154,7 @@ std::vector<Stop> Stops(MDIForm1& window) {
       {"frmWorldMap-Ortho", "The globe, turned to the principal satellite",
        [&window] {
          if (FormCalls* const progress = LoadedForm("frmProgress")) progress->Unload();
-         for (const char* const name : {"frmDatabase", "frmFile1", "frmDetails"})
+         for (const char* const name : {"frmDatabase", "frmFile1", "frmDetails", "frmCalendar", "frmTime"})
            if (FormCalls* const form = LoadedForm(name)) form->Unload();
          return OpenMap(window, "mnuTerraMappaOrtografica", QSize(711, 490));
        }},

@@ -299,7 +299,8 @@ TEST_F(DatabaseTest, EveryWindowClosedDuringAReadLosesNothing) {
 TEST_F(DatabaseTest, RefusedFileEmptiesListAndLabels) {
   const frmDatabase& window = OpenWithSample();
   ClickRow(Control<RowList>(&window, "lstDatabase", 0), 3);
-  QFile bad(QDir::temp().filePath(QStringLiteral("halvorine_bad.txt")));
+  QFile bad(
+      QDir::temp().filePath(QStringLiteral("halvorine_bad_%1.txt").arg(QCoreApplication::applicationPid())));
   ASSERT_TRUE(bad.open(QIODevice::WriteOnly));
   bad.write("no\nelement\nfile\n");
   bad.close();

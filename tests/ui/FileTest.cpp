@@ -119,7 +119,10 @@ TEST_F(FileTest, UntitledTextAsksForItsFileOnceAndIsWrittenWithLineEnds) {
   EXPECT_EQ(ProgramFolder::Read(folder_.Path("own.txt")), "first\r\nsecond");
   EXPECT_EQ(form->windowTitle(), ToQ(folder_.Path("own.txt")));
   QTest::keyClicks(TextOf(form), QStringLiteral("!"));
-  form->Salva();
+  auto* const menu = Control<QMenu>(window_.get(), "mnuFile");
+  menu->popup(QPoint(0, 0));
+  menu->close();
+  Run("mnuFileSalva");
   EXPECT_EQ(platform_.fileQuestions.size(), 2U) << "now it has a file";
   EXPECT_EQ(ProgramFolder::Read(folder_.Path("own.txt")), "first\r\nsecond!");
 }

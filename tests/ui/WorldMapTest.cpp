@@ -117,6 +117,7 @@ class WorldMapTest : public testing::Test {
   void SavePicture(const QString& name) const {
     const QString pictures = qEnvironmentVariable("HALVORINE_TEST_PICTURES");
     if (pictures.isEmpty()) return;
+    QTest::qWait(250);  // for a while after a resize a child window paints its title bar as it was
     form->Frame()->grab().save(pictures + QLatin1Char('/') + name + QStringLiteral(".png"));
   }
 
