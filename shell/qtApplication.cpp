@@ -9,6 +9,7 @@
 #include "maps/frmWorldMap.h"
 #include "shell/base/mPlatform.h"
 #include "shell/base/qtForms.h"
+#include "shell/frmLocation.h"
 #include "shell/frmTime.h"
 #include "shell/mStart.h"
 
@@ -36,6 +37,7 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 void RegisterWindows() {
   MakeLoadable<frmTime>("frmTime");
   MakeLoadable<frmDatabase>("frmDatabase");
+  MakeLoadable<frmLocation>("frmLocation");
   MakeLoadable<frmProgress>("frmProgress");
   MakeLoadable<frmWorldMap>("frmWorldMap");
 }
