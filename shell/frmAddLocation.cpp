@@ -145,6 +145,7 @@ QWidget* frmAddLocation::MakeZone() {
   row->addSpacing(margin);
   row->addWidget(cmbOffsetHours_);
   row->addWidget(Caption(Text("Def", "ore")));
+  row->addSpacing(4);
   row->addWidget(cmbOffsetMin_);
   row->addWidget(Caption(Text("Def", "min")));
   row->addStretch();

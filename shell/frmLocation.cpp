@@ -121,6 +121,7 @@ QWidget* frmLocation::MakePlace() {
   cmbCity_->setModel(cities_);
   cmbCity_->setCurrentIndex(-1);
   cmbCity_->setAccessibleName(Text(section, "cittadisponibili"));
+  cmbCity_->setToolTip(Text(section, "cercalocalita"));
   auto* const completer = new QCompleter(cities_, this);
   completer->setPopup(PlainList());
   completer->setCaseSensitivity(Qt::CaseInsensitive);
@@ -175,6 +176,7 @@ QWidget* frmLocation::MakeCoordinates() {
   grid->addWidget(lblLongitude_, 1, 1);
   grid->addWidget(height, 2, 0);
   grid->addWidget(txtHeight_, 2, 1);
+  for (const int row : {0, 1}) grid->setRowMinimumHeight(row, 24);
   grid->setRowStretch(3, 1);
   grid->setColumnStretch(0, 1);
   columns->addLayout(grid, 1);
@@ -204,6 +206,7 @@ QWidget* frmLocation::MakeTime() {
   zone->addSpacing(margin);
   zone->addWidget(cmbOffsetHours_);
   zone->addWidget(Caption(Text("Def", "ore")));
+  zone->addSpacing(4);
   zone->addWidget(cmbOffsetMin_);
   zone->addWidget(Caption(Text("Def", "min")));
   zone->addStretch();
