@@ -406,9 +406,11 @@ void frmLocation::keyPressEvent(QKeyEvent* event) {
 bool frmLocation::eventFilter(QObject* watched, QEvent* event) {
   // what is typed next searches from the beginning
   if (event->type() == QEvent::FocusIn) QTimer::singleShot(0, cmbCity_->lineEdit(), &QLineEdit::selectAll);
-  if (event->type() == QEvent::KeyPress)
-    typed_ = cmbCity_->currentText() != cmbCity_->itemText(cmbCity_->currentIndex());
-  if (event->type() == QEvent::FocusOut) typed_ = false;
+  if (event->type() == QEvent::KeyPress) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    typed_ = (key == Qt::Key_Return || key == Qt::Key_Enter) &&
+             cmbCity_->currentText() != cmbCity_->itemText(cmbCity_->currentIndex());
+  }
   return ChildForm::eventFilter(watched, event);
 }
 

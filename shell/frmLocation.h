@@ -81,7 +81,7 @@ class frmLocation : public ChildForm, public FormCalls {
   std::vector<QWidget*> commands_;       // and fields that wait for the end of the read
   double latitude_ = 0, longitude_ = 0;  // exact values of the two labels
   bool read_ = false, reading_ = false;
-  bool typed_ = false;  // the key now handled meets a name that is typed and not settled
+  bool typed_ = false;  // the Enter now handled settles a typed name
 };
 
 }  // namespace halvorine
