@@ -24,7 +24,7 @@ class PathLabel : public QLabel {
     setTextFormat(Qt::PlainText);
   }
   void SetPath(const QString& path) {
-    path_ = path;
+    path_ = path.isEmpty() ? QStringLiteral("-") : path;
     setToolTip(path);
     Elide();
   }
@@ -75,6 +75,8 @@ frmDatabase::frmDatabase() : ChildForm(QString::fromLatin1(section)) {
   GraphButton* const help = MakeButton("cmdHelp", -1, "Buttons", "help", nullptr);
   GraphButton* const ok = MakeButton("cmdOK", -1, "Buttons", "ok", nullptr);
   help->setEnabled(false);
+  // outside a dialog a button that takes Enter by focus would lose its mark as the default with the focus
+  ok->setAutoDefault(false);
   ok->setDefault(true);
   connect(ok, &QPushButton::clicked, this, &frmDatabase::HideForm);
   auto* const last = new QHBoxLayout();
@@ -94,6 +96,7 @@ frmDatabase::frmDatabase() : ChildForm(QString::fromLatin1(section)) {
   }
   FillActiveRows();
   ShowActive();
+  OrderTabs();
   SetFirstSize(760, 560);
   Publish(this);
 }
@@ -249,6 +252,23 @@ void frmDatabase::Connect(int index) {
   connect(tab.remove, &QPushButton::clicked, this, [this] { cmdRemove_Click(); });
 }
 
+void frmDatabase::OrderTabs() {
+  QWidget* before = pages_;
+  const auto next = [&](const char* name, int index = -1) {
+    auto* const widget = Control<QWidget>(this, name, index);
+    setTabOrder(before, widget);
+    before = widget;
+  };
+  for (const int index : {Primary, Secondary})
+    for (const char* const name : {"cmbOrdina", "lstDatabase", "cmdDatabase", "cmdDownload", "cmdSommario",
+                                   "cmdVisibili", "cmdAdd", "cmdRemove"})
+      next(name, index);
+  for (const char* const name :
+       {"lstActive", "cmdUp", "cmdDown", "cmdPrincipale", "cmdOrder", "cmdRemoveAll", "cmdHelp", "cmdOK"})
+    next(name);
+  TabOf(Primary).list->setFocus();
+}
+
 void frmDatabase::ShowRows(int index) {
   Tab& tab = TabOf(index);
   tab.model->SetRows(ListedRows(index));
@@ -266,6 +286,7 @@ void frmDatabase::ShowStatistics(int index) {
   const QString path = ToQ(DatabaseStats[static_cast<std::size_t>(index)].path);
   static_cast<PathLabel*>(tab.path)->SetPath(path);
   tab.frame->setToolTip(path);
+  tab.frame->setAccessibleName(path);
 }
 
 void frmDatabase::ShowActive() {

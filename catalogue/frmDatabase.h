@@ -51,6 +51,8 @@ class frmDatabase : public ChildForm, public DatabaseCalls {
   GraphButton* MakeButton(const char* name, int index, const char* section, const char* key,
                           const char* icon);
   void Connect(int index);
+  /// Reading order, each column of commands after its list.
+  void OrderTabs();
 
   void ShowRows(int index);
   void ShowStatistics(int index);

@@ -97,7 +97,7 @@ void RowList::paintEvent(QPaintEvent* event) {
   if (RowCount() > 0 || hint_.isEmpty()) return;
   QPainter painter(viewport());
   painter.setPen(palette().color(MutedRole));
-  painter.drawText(viewport()->rect().adjusted(8, 6, -8, -6), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap,
+  painter.drawText(viewport()->rect().adjusted(3, 4, -3, -4), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap,
                    hint_);
 }
 

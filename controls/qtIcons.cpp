@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "controls/qtLook.h"
+#include "controls/qtLookStyle.h"
 
 // the pictures stand in a static library, whose resources do not announce themselves
 static void AnnounceResources() { Q_INIT_RESOURCE(halvorine); }
@@ -99,6 +99,27 @@ class LookIconEngine : public QIconEngine {
   QString name_;
 };
 
+class ArrowEngine : public QIconEngine {
+ public:
+  explicit ArrowEngine(Qt::ArrowType direction) : direction_(direction) {}
+  void paint(QPainter* painter, const QRect& rect, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
+    DrawArrow(painter, rect, direction_,
+              QApplication::palette().color(QPalette::Active, QPalette::HighlightedText), rect.width() / 3);
+  }
+  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    QPixmap drawn(size);
+    drawn.fill(Qt::transparent);
+    QPainter painter(&drawn);
+    paint(&painter, drawn.rect(), mode, state);
+    return drawn;
+  }
+  QIconEngine* clone() const override { return new ArrowEngine(direction_); }
+  bool isNull() override { return false; }
+
+ private:
+  Qt::ArrowType direction_;
+};
+
 /// Names by the first word of each row of the numbering: "11" or, in the second list, "s6".
 const QHash<QString, QString>& Numbering() {
   static const QHash<QString, QString> names = [] {
@@ -132,6 +153,16 @@ QIcon Icon(const char* name) {
   HaveResources();
   const QString text = QString::fromLatin1(name);
   return QFile::exists(FileOf(text, false)) ? QIcon(new LookIconEngine(text)) : QIcon();
+}
+
+QIcon ArrowIcon(Qt::ArrowType direction) { return QIcon(new ArrowEngine(direction)); }
+
+QIcon NightIcon(const QIcon& icon) {
+  if (!IsNight(QApplication::palette())) return icon;
+  QIcon red;
+  for (const QSize& size : icon.availableSizes())
+    red.addPixmap(QPixmap::fromImage(NightMapImage(icon.pixmap(size).toImage())));
+  return red;
 }
 
 QString IconName(int number) { return Numbering().value(QString::number(number)); }

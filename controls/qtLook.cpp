@@ -143,11 +143,14 @@ void ApplyNight(bool on) {
   QApplication::setPalette(menus, "QMenuBar");
   QToolTip::setPalette(palette);
   // black on dark red is faint: a heavier letter helps
+  // black on dark red is faint: a heavier letter helps
   QApplication::setFont(LookFont());
-  if (on)
-    for (const char* const name : {"QMenu", "QMenuBar", "QPushButton"})
-      QApplication::setFont(LookFont(9, true), name);
+  for (const char* const name : {"QMenu", "QMenuBar", "QPushButton"})
+    QApplication::setFont(LookFont(9, on), name);
   QToolTip::setFont(LookFont());
+  // open windows are told by posted events; without these two the next picture would still be the old one
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::ApplicationPaletteChange);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::ApplicationFontChange);
 }
 
 void ApplyLook(QApplication& application) {

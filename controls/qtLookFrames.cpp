@@ -8,6 +8,13 @@
 
 namespace halvorine {
 
+namespace {
+
+/// A polygon of a list of points; named, since the constructors of a polygon cannot be told apart by a list.
+QPolygonF Points(const QList<QPointF>& points) { return QPolygonF(points); }
+
+}  // namespace
+
 QRect Middle(const QRect& rect, int width, int height) {
   return {rect.left() + (rect.width() - width) / 2, rect.top() + (rect.height() - height) / 2, width, height};
 }
@@ -47,7 +54,7 @@ void DrawArrow(QPainter* painter, const QRect& rect, Qt::ArrowType direction, co
   constexpr int quarters[] = {0, 180, 0, 90, -90};  // NoArrow, up, down, left, right
   painter->rotate(quarters[direction]);
   const double half = size, height = size * 0.55;
-  painter->drawPolygon(QPolygonF({{-half, -height}, {half, -height}, {0, height}}));
+  painter->drawPolygon(Points({{-half, -height}, {half, -height}, {0, height}}));
 }
 
 void DrawCheckMark(QPainter* painter, const QRect& rect, const QStyleOption& option, bool round) {
@@ -74,8 +81,7 @@ void DrawCheckMark(QPainter* painter, const QRect& rect, const QStyleOption& opt
   painter->translate(box.topLeft());
   if (partly || (on && !round)) {
     painter->setPen(QPen(mark, 1.9, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter->drawPolyline(partly ? QPolygonF({{4, 7}, {10, 7}})
-                                 : QPolygonF({{3.7, 7.3}, {6, 9.7}, {10.4, 4.6}}));
+    painter->drawPolyline(partly ? Points({{4, 7}, {10, 7}}) : Points({{3.7, 7.3}, {6, 9.7}, {10.4, 4.6}}));
   } else if (on) {
     painter->setPen(Qt::NoPen);
     painter->setBrush(mark);
@@ -117,6 +123,16 @@ void DrawField(const QStyleOption& option, QPainter* painter, bool filled) {
           filled ? option.palette.color(enabled ? QPalette::Base : QPalette::Window) : QColor(), edge);
 }
 
+/// The sides and the bottom of a child window, below its title bar.
+void DrawWindowFrame(const QStyleOption& option, QPainter* painter, int width, int title) {
+  const LookColours colours = ColoursOf(option.palette);
+  const QColor edge = Has(option, QStyle::State_Active) ? colours.WindowFrame : colours.InactiveWindowFrame;
+  const QRect r = option.rect;
+  painter->fillRect(r.left(), r.top() + title, width, r.height() - title, edge);
+  painter->fillRect(r.right() - width + 1, r.top() + title, width, r.height() - title, edge);
+  painter->fillRect(r.left(), r.bottom() - width + 1, r.width(), width, edge);
+}
+
 /// Frame of the row that is selected at night, when its fill does not differ from the rest.
 void DrawNightRow(const QStyleOptionViewItem& item, QPainter* painter) {
   using Position = QStyleOptionViewItem::ViewItemPosition;
@@ -151,6 +167,8 @@ bool LookStyle::DrawFrame(PrimitiveElement element, const QStyleOption* option, 
     case PE_Frame:
       if (qobject_cast<const QAbstractScrollArea*>(widget) != nullptr)
         DrawField(*option, painter, true);
+      else if (widget != nullptr && widget->inherits("QComboBoxPrivateContainer"))
+        painter->fillRect(option->rect, colours.FieldEdge);
       else
         DrawBox(painter, option->rect, QColor(), colours.FrameEdge);
       return true;
@@ -173,24 +191,36 @@ bool LookStyle::DrawFrame(PrimitiveElement element, const QStyleOption* option, 
     case PE_FrameMenu:
       DrawBox(painter, option->rect, QColor(), colours.FieldEdge, 1, 0);
       return true;
-    case PE_FrameWindow: {
-      const QColor edge = Has(*option, State_Active) ? colours.WindowFrame : colours.InactiveWindowFrame;
-      const QRect r = option->rect;
-      const int w = pixelMetric(PM_MdiSubWindowFrameWidth, option, widget);
-      const int title = pixelMetric(PM_TitleBarHeight, option, widget);
-      painter->fillRect(r.left(), r.top() + title, w, r.height() - title, edge);
-      painter->fillRect(r.right() - w + 1, r.top() + title, w, r.height() - title, edge);
-      painter->fillRect(r.left(), r.bottom() - w + 1, r.width(), w, edge);
+    case PE_FrameWindow:
+      DrawWindowFrame(*option, painter, pixelMetric(PM_MdiSubWindowFrameWidth, option, widget),
+                      pixelMetric(PM_TitleBarHeight, option, widget));
       return true;
-    }
     default:
       return false;
   }
 }
 
+bool LookStyle::DrawArrowElement(PrimitiveElement element, const QStyleOption* option,
+                                 QPainter* painter) const {
+  Qt::ArrowType direction = Qt::NoArrow;
+  int size = 4;
+  if (element == PE_IndicatorArrowUp) direction = Qt::UpArrow;
+  if (element == PE_IndicatorArrowDown) direction = Qt::DownArrow;
+  if (element == PE_IndicatorArrowLeft) direction = Qt::LeftArrow;
+  if (element == PE_IndicatorArrowRight) direction = Qt::RightArrow;
+  if (const auto* const header = qstyleoption_cast<const QStyleOptionHeader*>(option);
+      element == PE_IndicatorHeaderArrow && header != nullptr) {
+    direction = header->sortIndicator == QStyleOptionHeader::SortUp ? Qt::DownArrow : Qt::UpArrow;
+    size = 3;
+  }
+  if (direction == Qt::NoArrow) return false;
+  DrawArrow(painter, option->rect, direction, TextColour(*option, QPalette::ButtonText), size);
+  return true;
+}
+
 void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                               const QWidget* widget) const {
-  if (DrawFrame(element, option, painter, widget)) return;
+  if (DrawFrame(element, option, painter, widget) || DrawArrowElement(element, option, painter)) return;
   const LookColours colours = ColoursOf(option->palette);
   switch (element) {
     case PE_PanelButtonCommand:
@@ -209,20 +239,6 @@ void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     case PE_FrameFocusRect:
       if (Has(*option, State_KeyboardFocusChange) && qobject_cast<const QPushButton*>(widget) == nullptr)
         DrawBox(painter, option->rect, QColor(), colours.FocusEdge, 1, 2);
-      return;
-    case PE_IndicatorArrowUp:
-      return DrawArrow(painter, option->rect, Qt::UpArrow, TextColour(*option, QPalette::ButtonText));
-    case PE_IndicatorArrowDown:
-      return DrawArrow(painter, option->rect, Qt::DownArrow, TextColour(*option, QPalette::ButtonText));
-    case PE_IndicatorArrowLeft:
-      return DrawArrow(painter, option->rect, Qt::LeftArrow, TextColour(*option, QPalette::ButtonText));
-    case PE_IndicatorArrowRight:
-      return DrawArrow(painter, option->rect, Qt::RightArrow, TextColour(*option, QPalette::ButtonText));
-    case PE_IndicatorHeaderArrow:
-      if (const auto* const header = qstyleoption_cast<const QStyleOptionHeader*>(option))
-        DrawArrow(painter, option->rect,
-                  header->sortIndicator == QStyleOptionHeader::SortUp ? Qt::DownArrow : Qt::UpArrow,
-                  TextColour(*option, QPalette::ButtonText), 3);
       return;
     case PE_IndicatorToolBarSeparator: {
       const QRect r = option->rect;

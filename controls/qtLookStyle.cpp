@@ -3,6 +3,10 @@
 #include <QAbstractItemView>
 #include <QToolBar>
 #include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "controls/qtIcons.h"
 
 namespace halvorine {
 
@@ -118,6 +122,54 @@ QSize MenuItemSize(const QStyleOptionMenuItem& item, const QSize& size) {
   return {size.width() + 28 + 28, std::max(size.height() + 6, 24)};
 }
 
+/// Lengths that differ from those of the style below, logical pixels.
+constexpr std::pair<QStyle::PixelMetric, int> metrics[] = {
+    {QStyle::PM_LayoutLeftMargin, 12},
+    {QStyle::PM_LayoutTopMargin, 12},
+    {QStyle::PM_LayoutRightMargin, 12},
+    {QStyle::PM_LayoutBottomMargin, 12},
+    {QStyle::PM_LayoutHorizontalSpacing, 8},
+    {QStyle::PM_LayoutVerticalSpacing, 8},
+    {QStyle::PM_IndicatorWidth, 14},
+    {QStyle::PM_IndicatorHeight, 14},
+    {QStyle::PM_ExclusiveIndicatorWidth, 14},
+    {QStyle::PM_ExclusiveIndicatorHeight, 14},
+    {QStyle::PM_CheckBoxLabelSpacing, 6},
+    {QStyle::PM_RadioButtonLabelSpacing, 6},
+    {QStyle::PM_HeaderMargin, 6},
+    {QStyle::PM_FocusFrameHMargin, 5},
+    {QStyle::PM_ScrollBarExtent, 12},
+    {QStyle::PM_ScrollBarSliderMin, scrollThumbMinimum},
+    {QStyle::PM_ToolBarIconSize, 24},
+    {QStyle::PM_ToolBarItemSpacing, 2},
+    {QStyle::PM_ToolBarItemMargin, 2},
+    {QStyle::PM_ToolBarFrameWidth, 2},
+    {QStyle::PM_ToolBarSeparatorExtent, 9},
+    {QStyle::PM_MenuButtonIndicator, 14},
+    {QStyle::PM_SmallIconSize, 16},
+    {QStyle::PM_ButtonIconSize, 16},
+    {QStyle::PM_ListViewIconSize, 16},
+    {QStyle::PM_TitleBarButtonIconSize, 16},
+    {QStyle::PM_TitleBarHeight, 26},
+    {QStyle::PM_MdiSubWindowFrameWidth, 3},
+    {QStyle::PM_TabBarTabHSpace, 22},
+    {QStyle::PM_TabBarTabVSpace, 10},
+    {QStyle::PM_TabBarTabShiftVertical, 0},
+    {QStyle::PM_TabBarTabShiftHorizontal, 0},
+    {QStyle::PM_TabBarTabOverlap, 0},
+    {QStyle::PM_ButtonShiftHorizontal, 0},
+    {QStyle::PM_ButtonShiftVertical, 0},
+    {QStyle::PM_TabBarBaseOverlap, 1},
+    {QStyle::PM_MenuBarItemSpacing, 2},
+    {QStyle::PM_MenuBarPanelWidth, 0},
+    {QStyle::PM_MenuBarHMargin, 4},
+    {QStyle::PM_MenuBarVMargin, 1},
+    {QStyle::PM_MenuPanelWidth, 1},
+    {QStyle::PM_MenuHMargin, 0},
+    {QStyle::PM_MenuVMargin, 0},
+    {QStyle::PM_ToolTipLabelFrameWidth, 4},
+};
+
 }  // namespace
 
 LookStyle::LookStyle() : QProxyStyle(QStringLiteral("fusion")) {}
@@ -169,9 +221,10 @@ QSize LookStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
     case CT_ToolButton:
       return size + QSize(6, 6);
     case CT_LineEdit:
-    case CT_SpinBox:
     case CT_ComboBox:
-      return {told.width(), std::max(told.height(), 26)};
+      return {told.width(), std::max(size.height() + 6, 26)};
+    case CT_SpinBox:  // the size of the line inside, which has its edges already
+      return {told.width(), std::max(size.height(), 26)};
     case CT_HeaderSection:
       return {told.width(), std::max(told.height(), 26)};
     case CT_ItemViewItem:
@@ -184,81 +237,20 @@ QSize LookStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
 }
 
 int LookStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
-  switch (metric) {
-    case PM_LayoutLeftMargin:
-    case PM_LayoutTopMargin:
-    case PM_LayoutRightMargin:
-    case PM_LayoutBottomMargin:
-      return 12;
-    case PM_LayoutHorizontalSpacing:
-    case PM_LayoutVerticalSpacing:
-      return 8;
-    case PM_IndicatorWidth:
-    case PM_IndicatorHeight:
-    case PM_ExclusiveIndicatorWidth:
-    case PM_ExclusiveIndicatorHeight:
-      return 14;
-    case PM_CheckBoxLabelSpacing:
-    case PM_RadioButtonLabelSpacing:
-    case PM_HeaderMargin:
-      return 6;
-    case PM_FocusFrameHMargin:
-      return 5;
-    case PM_DefaultFrameWidth:
-      return widget != nullptr && widget->inherits("QLineEdit") ? 3 : 2;
-    case PM_ScrollBarExtent:
-      return 12;
-    case PM_ScrollBarSliderMin:
-      return scrollThumbMinimum;
-    case PM_ToolBarIconSize:
-      return 24;
-    case PM_ToolBarItemSpacing:
-      return 2;
-    case PM_ToolBarItemMargin:
-    case PM_ToolBarFrameWidth:
-      return 2;
-    case PM_ToolBarSeparatorExtent:
-      return 9;
-    case PM_MenuButtonIndicator:
-      return 14;
-    case PM_SmallIconSize:
-    case PM_ButtonIconSize:
-    case PM_ListViewIconSize:
-    case PM_TitleBarButtonIconSize:
-      return 16;
-    case PM_TitleBarHeight:
-      return 26;
-    case PM_MdiSubWindowFrameWidth:
-      return 3;
-    case PM_TabBarTabHSpace:
-      return 22;
-    case PM_TabBarTabVSpace:
-      return 10;
-    case PM_TabBarTabShiftVertical:
-    case PM_TabBarTabShiftHorizontal:
-    case PM_TabBarTabOverlap:
-    case PM_ButtonShiftHorizontal:
-    case PM_ButtonShiftVertical:
-      return 0;
-    case PM_TabBarBaseOverlap:
-      return 1;
-    case PM_MenuBarItemSpacing:
-      return 2;
-    case PM_MenuBarPanelWidth:
-      return 0;
-    case PM_MenuBarHMargin:
-      return 4;
-    case PM_MenuBarVMargin:
-    case PM_MenuPanelWidth:
-      return 1;
-    case PM_MenuHMargin:
-    case PM_MenuVMargin:
-      return 0;
-    case PM_ToolTipLabelFrameWidth:
-      return 4;
-    default:
-      return QProxyStyle::pixelMetric(metric, option, widget);
+  if (metric == PM_DefaultFrameWidth) {
+    if (widget != nullptr && widget->inherits("QLineEdit")) return 3;
+    return widget != nullptr && widget->inherits("QComboBoxPrivateContainer") ? 1 : 2;
   }
+  const auto* const told = std::find_if(std::begin(metrics), std::end(metrics),
+                                        [metric](const auto& row) { return row.first == metric; });
+  return told != std::end(metrics) ? told->second : QProxyStyle::pixelMetric(metric, option, widget);
+}
+
+QIcon LookStyle::standardIcon(StandardPixmap standard, const QStyleOption* option,
+                              const QWidget* widget) const {
+  if (standard == SP_ArrowLeft) return ArrowIcon(Qt::LeftArrow);
+  if (standard == SP_ArrowRight) return ArrowIcon(Qt::RightArrow);
+  return NightIcon(QProxyStyle::standardIcon(standard, option, widget));
 }
 
 int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

@@ -1,6 +1,7 @@
 // The one style of all windows, over Fusion: flat, with one-pixel edges, and without a colour of its own.
 // Metrics, sizes and places stand in qtLookStyle.cpp, what is drawn in qtLookFrames.cpp (marks, fields, tabs,
-// headers, rows) and qtLookWindows.cpp (menus, bars, title bars, scroll bars).
+// headers, rows) and qtLookWindows.cpp (menus, bars, title bars, scroll bars), shared out by
+// qtLookDispatch.cpp.
 #pragma once
 
 #include <QPainter>
@@ -29,12 +30,20 @@ class LookStyle : public QProxyStyle {
   int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* back) const override;
+  QIcon standardIcon(StandardPixmap standard, const QStyleOption* option,
+                     const QWidget* widget) const override;
   QPixmap generatedIconPixmap(QIcon::Mode mode, const QPixmap& pixmap,
                               const QStyleOption* option) const override;
 
  private:
   bool DrawFrame(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                  const QWidget* widget) const;
+  bool DrawGround(ControlElement element, const QStyleOption* option, QPainter* painter) const;
+  bool DrawTabOrHeader(ControlElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const;
+  bool DrawMenuPart(ControlElement element, const QStyleOption* option, QPainter* painter,
+                    const QWidget* widget) const;
+  bool DrawArrowElement(PrimitiveElement element, const QStyleOption* option, QPainter* painter) const;
   void DrawTabShape(const QStyleOptionTab& tab, QPainter* painter) const;
   void DrawTabLabel(const QStyleOptionTab& tab, QPainter* painter, const QWidget* widget) const;
   void DrawHeaderSection(const QStyleOptionHeader& header, QPainter* painter) const;

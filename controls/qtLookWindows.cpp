@@ -131,6 +131,23 @@ void LookStyle::DrawMenuBarItem(const QStyleOptionMenuItem& item, QPainter* pain
                Has(item, State_Enabled), item.text, QPalette::ButtonText);
 }
 
+namespace {
+
+/// Check mark or picture at the left of a menu item.
+void DrawMenuSide(const QStyleOptionMenuItem& item, QPainter* painter, const QRect& side) {
+  if (item.checkType != QStyleOptionMenuItem::NotCheckable) {
+    QStyleOption mark(item);
+    mark.state.setFlag(QStyle::State_On, item.checked);
+    mark.state &= ~(QStyle::State_Sunken | QStyle::State_MouseOver | QStyle::State_NoChange);
+    DrawCheckMark(painter, side, mark, item.checkType == QStyleOptionMenuItem::Exclusive);
+  } else if (!item.icon.isNull()) {
+    item.icon.paint(painter, Middle(side, 16, 16), Qt::AlignCenter,
+                    Has(item, QStyle::State_Enabled) ? QIcon::Normal : QIcon::Disabled);
+  }
+}
+
+}  // namespace
+
 void LookStyle::DrawMenuItem(const QStyleOptionMenuItem& item, QPainter* painter,
                              const QWidget* widget) const {
   const PainterHold hold(painter);
@@ -148,18 +165,7 @@ void LookStyle::DrawMenuItem(const QStyleOptionMenuItem& item, QPainter* painter
                       night ? colours.FieldEdge : item.palette.color(QPalette::Active, QPalette::Highlight));
     text = night ? colours.FocusEdge : item.palette.color(QPalette::Active, QPalette::HighlightedText);
   }
-  const QRect side(r.left() + 4, r.top(), 22, r.height());
-  if (item.checkType != QStyleOptionMenuItem::NotCheckable) {
-    QStyleOption mark(item);
-    mark.state.setFlag(State_On, item.checked);
-    mark.state &= ~(State_Sunken | State_MouseOver | State_NoChange);
-    if (item.checked || !item.menuHasCheckableItems || item.checkType == QStyleOptionMenuItem::Exclusive ||
-        item.checkType == QStyleOptionMenuItem::NonExclusive)
-      DrawCheckMark(painter, side, mark, item.checkType == QStyleOptionMenuItem::Exclusive);
-  } else if (!item.icon.isNull()) {
-    item.icon.paint(painter, Middle(side, 16, 16), Qt::AlignCenter,
-                    enabled ? QIcon::Normal : QIcon::Disabled);
-  }
+  DrawMenuSide(item, painter, QRect(r.left() + 4, r.top(), 22, r.height()));
   painter->setPen(text);
   QFont font(item.font);
   if (item.menuItemType == QStyleOptionMenuItem::DefaultItem) font.setBold(true);
@@ -264,134 +270,6 @@ void LookStyle::DrawMdiControls(const QStyleOptionComplex& option, QPainter* pai
       DrawBox(painter, rect, ColoursOf(option.palette).Pressed, QColor());
     DrawGlyph(painter, rect, glyph, option.palette.color(QPalette::ButtonText));
   }
-}
-
-void LookStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
-                            const QWidget* widget) const {
-  const LookColours colours = ColoursOf(option->palette);
-  switch (element) {
-    case CE_SizeGrip:
-      return;
-    case CE_TabBarTabShape:
-      if (const auto* const tab = qstyleoption_cast<const QStyleOptionTab*>(option))
-        return DrawTabShape(*tab, painter);
-      break;
-    case CE_TabBarTabLabel:
-      if (const auto* const tab = qstyleoption_cast<const QStyleOptionTab*>(option))
-        return DrawTabLabel(*tab, painter, widget);
-      break;
-    case CE_HeaderSection:
-      if (const auto* const header = qstyleoption_cast<const QStyleOptionHeader*>(option))
-        return DrawHeaderSection(*header, painter);
-      break;
-    case CE_HeaderEmptyArea: {
-      QStyleOptionHeader header;
-      header.QStyleOption::operator=(*option);
-      header.section = -1;
-      header.state &= ~State_Sunken;
-      return DrawHeaderSection(header, painter);
-    }
-    case CE_ItemViewItem:
-      if (const auto* const item = qstyleoption_cast<const QStyleOptionViewItem*>(option))
-        return DrawViewItem(*item, painter, widget);
-      break;
-    case CE_MenuBarEmptyArea:
-      painter->fillRect(option->rect, option->palette.color(QPalette::Window));
-      return;
-    case CE_MenuBarItem:
-      if (const auto* const item = qstyleoption_cast<const QStyleOptionMenuItem*>(option))
-        return DrawMenuBarItem(*item, painter);
-      break;
-    case CE_MenuEmptyArea:
-      painter->fillRect(option->rect, option->palette.color(QPalette::Base));
-      return;
-    case CE_MenuItem:
-      if (const auto* const item = qstyleoption_cast<const QStyleOptionMenuItem*>(option))
-        return DrawMenuItem(*item, painter, widget);
-      break;
-    case CE_ToolBar:
-      painter->fillRect(option->rect, option->palette.color(QPalette::Window));
-      painter->fillRect(QRect(option->rect.bottomLeft(), QSize(option->rect.width(), 1)), colours.Hairline);
-      return;
-    case CE_ShapedFrame:
-      if (const auto* const frame = qstyleoption_cast<const QStyleOptionFrame*>(option)) {
-        const QRect r = frame->rect;
-        if (frame->frameShape == QFrame::HLine)
-          return painter->fillRect(QRect(r.left(), r.center().y(), r.width(), 1), colours.Hairline);
-        if (frame->frameShape == QFrame::VLine)
-          return painter->fillRect(QRect(r.center().x(), r.top(), 1, r.height()), colours.Hairline);
-      }
-      break;
-    case CE_PushButtonLabel:
-      if (const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
-        QStyleOptionButton label(*button);
-        label.palette = ButtonLabelPalette(*button);
-        return QProxyStyle::drawControl(element, &label, painter, widget);
-      }
-      break;
-    case CE_ComboBoxLabel:
-      if (const auto* const combo = qstyleoption_cast<const QStyleOptionComboBox*>(option)) {
-        QStyleOptionComboBox label(*combo);
-        for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
-          label.palette.setColor(group, QPalette::ButtonText, combo->palette.color(group, QPalette::Text));
-        return QProxyStyle::drawControl(element, &label, painter, widget);
-      }
-      break;
-    default:
-      break;
-  }
-  QProxyStyle::drawControl(element, option, painter, widget);
-}
-
-void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
-                                   QPainter* painter, const QWidget* widget) const {
-  switch (control) {
-    case CC_GroupBox:
-      if (const auto* const group = qstyleoption_cast<const QStyleOptionGroupBox*>(option))
-        return DrawGroup(*group, painter, widget);
-      break;
-    case CC_ComboBox:
-      if (const auto* const combo = qstyleoption_cast<const QStyleOptionComboBox*>(option))
-        return DrawCombo(*combo, painter, widget);
-      break;
-    case CC_SpinBox:
-      if (const auto* const spin = qstyleoption_cast<const QStyleOptionSpinBox*>(option))
-        return DrawSpin(*spin, painter, widget);
-      break;
-    case CC_Slider:
-      if (const auto* const slider = qstyleoption_cast<const QStyleOptionSlider*>(option))
-        return DrawSlider(*slider, painter, widget);
-      break;
-    case CC_ToolButton:
-      if (const auto* const button = qstyleoption_cast<const QStyleOptionToolButton*>(option))
-        return DrawToolButton(*button, painter, widget);
-      break;
-    case CC_ScrollBar:
-      if (const auto* const bar = qstyleoption_cast<const QStyleOptionSlider*>(option))
-        return DrawScrollBar(*bar, painter, widget);
-      break;
-    case CC_TitleBar:
-      if (const auto* const bar = qstyleoption_cast<const QStyleOptionTitleBar*>(option))
-        return DrawTitleBar(*bar, painter, widget);
-      break;
-    case CC_MdiControls:
-      return DrawMdiControls(*option, painter, widget);
-    default:
-      break;
-  }
-  QProxyStyle::drawComplexControl(control, option, painter, widget);
-}
-
-QPixmap LookStyle::generatedIconPixmap(QIcon::Mode mode, const QPixmap& pixmap,
-                                       const QStyleOption* option) const {
-  if (mode != QIcon::Disabled) return QProxyStyle::generatedIconPixmap(QIcon::Normal, pixmap, option);
-  QPixmap faint(pixmap.size());
-  faint.setDevicePixelRatio(pixmap.devicePixelRatio());
-  faint.fill(Qt::transparent);
-  QPainter painter(&faint);
-  painter.setOpacity(0.35);
-  painter.drawPixmap(0, 0, pixmap);
-  return faint;
 }
 
 }  // namespace halvorine

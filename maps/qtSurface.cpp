@@ -15,6 +15,7 @@ namespace {
 constexpr double twips = 15;           // to a logical pixel
 constexpr int keptTexts = 2000;        // prepared texts, more than satellites and labels together
 constexpr int haloRoom = 1;            // logical pixels around a prepared text
+constexpr int haloInset = 2;           // logical pixels from the pen to a text with a rim
 constexpr int casingAlpha = 110;       // 43 per cent
 constexpr double axisParallel = 1e-3;  // pixels off the axis
 
@@ -211,6 +212,7 @@ const QImage& PixmapSurface::PreparedText(const QString& text, Colour colour) {
   }
   painter.setPen(ToQColor(colour));
   painter.drawText(base, text);
+  if (TextHalo) painter.drawText(base, text);  // thin smoothed strokes would let the dark rim through
   painter.end();
   return *texts_.insert(key, image);
 }
@@ -219,7 +221,8 @@ void PixmapSurface::DeviceText(DeviceSpot corner, std::string_view text, Colour 
   if (Target().isNull() || text.empty()) return;
   const QImage& image = PreparedText(ToQ(text), colour);
   if (image.isNull()) return;
-  const QPointF place = Pixels(corner) - QPointF(haloRoom, haloRoom);
+  const double inset = TextHalo ? haloInset - haloRoom : -haloRoom;
+  const QPointF place = Pixels(corner) + QPointF(inset, -haloRoom);
   const QPointF snapped(std::round(place.x() * ratio_) / ratio_, std::round(place.y() * ratio_) / ratio_);
   QPainter painter(&Target());
   painter.drawImage(snapped, image);

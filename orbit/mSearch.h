@@ -15,6 +15,8 @@ class Objective {
  public:
   virtual ~Objective() = default;
   virtual double At(double julianDay) = 0;
+  /// Makes sure that the shared records hold the state of the last place that was asked for.
+  virtual void Settle() {}
 };
 
 /// PassThreshold less the elevation of PassSlot, by a whole state computation for each value. Failures of the

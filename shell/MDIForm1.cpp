@@ -6,14 +6,14 @@
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScreen>
 #include <QStatusBar>
 
 #include "catalogue/mCatalogue.h"
 #include "controls/qtIcons.h"
 #include "controls/qtLook.h"
-#include "maps/DrawSurface.h"
-#include "orbit/mSat.h"
+#include "maps/mMapList.h"
 #include "shell/base/mFiles.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mLang.h"
@@ -51,6 +51,12 @@ class StatusPanel : public QWidget {
   }
 
  protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    // a hairline parts the panels
+    QPainter painter(this);
+    painter.setPen(ColoursOf(palette()).FrameEdge);
+    painter.drawLine(width() - 1, 4, width() - 1, height() - 5);
+  }
   void mouseReleaseEvent(QMouseEvent* event) override {
     if (event->button() == Qt::LeftButton && rect().contains(event->pos())) clicked_();
   }
@@ -330,11 +336,7 @@ void MDIForm1::MapTerminator() {
 void MDIForm1::MapRemove() {
   auto* const map = Loaded<WorldMapCalls>("frmWorldMap");
   if (map == nullptr) return;
-  const int slot = map->HoveredSatellite();
-  if (slot < 2 || slot > ActiveCount) return;
-  RemoveActive(slot);
-  if (auto* const database = Loaded<DatabaseCalls>("frmDatabase")) database->ActiveListChanged();
-  DrawQuietly([] { ComputeSatelliteState(1, ClockFields.JulianDayNow); });
+  RemoveMapSatellite(map->HoveredSatellite());
   map->Genera_mappa();
 }
 

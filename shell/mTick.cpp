@@ -77,7 +77,7 @@ bool TickSatellites() {
 
 /// Sun, Moon and planets; a body that fails keeps its former place.
 void ComputeBodies() {
-  for (void (*compute)() : {&ComputeSun, &ComputeMoon}) {
+  for (void (*compute)() : {&ComputeSun, &ComputeMoon, &ComputePlanets}) {
     try {
       compute();
     } catch (const ArithmeticFailure&) {

@@ -11,7 +11,7 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
 KEYS = ROOT / "tests" / "reference" / "language_keys.txt"
-LANGUAGES = ("English", "Italiano", "Deutsch", "Francais", "Espanol")
+LANGUAGES = ("English", "Italiano", "Deutsch", "Français", "Español")
 
 MAIN = "mdiform1"
 BAR = ("File", "Modifica", "Visualizza", "Terra", "Cielo", "Satelliti", "Effemeridi",

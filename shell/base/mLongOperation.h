@@ -10,7 +10,7 @@
 namespace halvorine {
 
 /// Runs once when the present long operation has ended, and is forgotten then. Serves an exit that was asked
-/// for in the middle of one.
+/// for in the middle of one; must not raise.
 inline std::function<void()> AfterLongOperation;
 
 /// A long operation while it lives. Its end closes the progress window and clears CancelRequested.

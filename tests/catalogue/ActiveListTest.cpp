@@ -147,6 +147,9 @@ TEST_F(ActiveListTest, RemovalCompactsAndClearsTheRest) {
     EXPECT_EQ(Active(), row.expected);
     for (int slot = 1; slot <= ActiveCount; ++slot)
       EXPECT_EQ(ElementLines[slot].name, "SAT " + ElementSets[slot].CatalogNumber.substr(4));
+    Texts names;
+    for (const std::string& number : row.expected) names.push_back("Sat " + number.substr(4));
+    EXPECT_EQ(ActiveRows, names);
     for (int slot = ActiveCount + 1; slot <= 202; ++slot) {
       ASSERT_EQ(ElementLines[slot], DatabaseEntry());
       ASSERT_EQ(ElementSets[slot].CatalogNumber, "");

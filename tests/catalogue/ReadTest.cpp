@@ -232,6 +232,14 @@ TEST_F(ReadTest, CancelKeepsWhatWasReadAndRebuildsAgainstIt) {
   EXPECT_FALSE(CancelRequested);
 }
 
+TEST_F(ReadTest, CancelThatComesTooLateEndsWithTheRead) {
+  MakeActive(Series(1));
+  platform.onMessage = [] { CancelRequested = true; };  // the entries are read by then
+  ReadPrimaryText(FileText(Series(2)));
+  EXPECT_EQ(PrimaryDatabase.Count(), 2);
+  EXPECT_FALSE(CancelRequested);
+}
+
 TEST_F(ReadTest, SecondCommandDuringAReadIsRefused) {
   platform.millisecondsPerLook = 10;
   bool tried = false, ended = false;

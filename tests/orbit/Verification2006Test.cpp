@@ -1,3 +1,5 @@
+#include <cstdlib>
+#include <fstream>
 #include <map>
 
 #include "tests/orbit/OrbitFixture.h"
@@ -7,6 +9,8 @@ namespace {
 
 struct Verified {
   double worst = 0;  // km
+  double last = 0;   // minutes
+  double inclination = 0, eccentricity = 0;
   int rows = 0, failed = 0;
   bool deep = false;
 };
@@ -33,10 +37,13 @@ class Verification2006 : public OrbitTest {
         Estrai_Dati_Satellite(1, name, sets.at(name).first, sets.at(name).second);
         TakeWorkingElements(1);
         results[name].deep = StateScratch.deep;
+        results[name].inclination = ElementSets[1].Inclination;
+        results[name].eccentricity = ElementSets[1].Eccentricity;
         continue;
       }
       Verified& result = results[name];
       ++result.rows;
+      result.last = line.Number(0);
       try {
         const double minutes = line.Number(0);
         result.deep ? PropagateSDP4(minutes) : PropagateSGP4(minutes);
@@ -64,13 +71,45 @@ TEST_F(Verification2006, NearEarthSetsAgreeWithinTenMetresButForTheDecayingOnes)
   EXPECT_EQ(near, 9);
 }
 
-TEST_F(Verification2006, DeepSets) {
+TEST_F(Verification2006, DeepSetsAgreeWithin30MetresButWhereTheModelsPart) {
+  // km. Below 0.2 radians of inclination 1980 takes its terms by the inclination at the epoch and never
+  // unwraps the node; beyond an eccentricity of 0.97 the lunar terms are out of their range.
+  const std::map<std::string, double> wider{
+      {"VERIFY 04632", 10},      {"VERIFY 09998", 10}, {"VERIFY 14128", 3},      {"VERIFY 20413", 1800},
+      {"VERIFY 20413 B", 25000}, {"VERIFY 23177", 10}, {"VERIFY 23333", 260000}, {"VERIFY 23599", 1200},
+      {"VERIFY 24208", 1},       {"VERIFY 25954", 30}, {"VERIFY 26900", 30},     {"VERIFY 28626", 10},
+      {"VERIFY 33333", 2800},    {"VERIFY 33335", 10}};
+  int deep = 0;
   for (const auto& [name, result] : Run()) {
     if (!result.deep) continue;
-    Estrai_Dati_Satellite(1, name, ReadSets().at(name).first, ReadSets().at(name).second);
-    printf("%s %g rows %d failed %d i %.2f e %.4f n %.3f\n", name.c_str(), result.worst, result.rows, result.failed,
-    ElementSets[1].Inclination, ElementSets[1].Eccentricity, ElementSets[1].MeanMotion);
+    ++deep;
+    const auto band = wider.find(name);
+    EXPECT_LE(result.worst, band == wider.end() ? 0.03 : band->second) << name;
+    EXPECT_EQ(result.failed, name == "VERIFY 33334" ? 1 : 0) << name;
   }
+  EXPECT_EQ(deep, 24);
+}
+
+std::string MetresText(double km) { return Format(km * 1000, km < 0.0095 ? "0.0" : "#,##0"); }
+
+/// The table of the documents; written anew when the environment asks for it.
+TEST_F(Verification2006, TableOfTheDocumentsHoldsWhatIsMeasured) {
+  const std::string file = std::string(TEST_SOURCE_DIR) + "/docs/verification-2006.md";
+  std::string table =
+      "| Set | Model | Inclination | Eccentricity | Days | Largest difference, m "
+      "|\n|---|---|---|---|---|---|\n";
+  for (const auto& [name, result] : Run()) {
+    const std::string worst = result.failed > 0 ? "fails" : MetresText(result.worst);
+    table += "| " + name.substr(7) + " | " + (result.deep ? "SDP4" : "SGP4") + " | " +
+             Format(result.inclination, "0.0") + " | " + Format(result.eccentricity, "0.000") + " | " +
+             Format(result.last / 1440, "0.0") + " | " + worst + " |\n";
+  }
+  if (std::getenv("HALVORINE_WRITE_TABLES") != nullptr) {
+    const std::string text = ReadWholeFile(file);
+    const std::string before = text.substr(0, text.find("| Set |"));
+    std::ofstream(file) << before << table;
+  }
+  EXPECT_NE(ReadWholeFile(file).find(table), std::string::npos) << "set HALVORINE_WRITE_TABLES to write it";
 }
 
 }  // namespace

@@ -19,7 +19,7 @@
 namespace halvorine {
 namespace {
 
-const char* const languages[] = {"English.ini", "Italiano.ini", "Deutsch.ini", "Francais.ini", "Espanol.ini"};
+const char* const languages[] = {"English.ini", "Italiano.ini", "Deutsch.ini", "Français.ini", "Español.ini"};
 
 /// Folder for pictures of the windows, from the environment; no pictures without it.
 void SavePicture(QWidget& window, const QString& name) {
@@ -236,6 +236,23 @@ TEST_F(DatabaseTest, CloseOkAndEscapeOnlyHide) {
   EXPECT_GT(Control<RowList>(&window, "lstDatabase", 0)->RowCount(), 100);
 }
 
+TEST_F(DatabaseTest, TabWalksInReadingOrderAndOkIsTheDefault) {
+  frmDatabase& window = OpenWithSample();
+  AddSelected(Primary, {1});
+  ClickRow(Control<RowList>(&window, "lstDatabase", 0), 0);
+  ClickRow(Control<RowList>(&window, "lstActive"), 0);
+  Control<QComboBox>(&window, "cmbOrdina", 0)->setFocus();
+  QStringList walked;
+  for (int i = 0; i < 14; ++i) {
+    walked << window.focusWidget()->objectName();
+    QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+  }
+  EXPECT_EQ(walked.join(' ').toStdString(),
+            "cmbOrdina(0) lstDatabase(0) cmdDatabase(0) cmdAdd(0) cmdRemove(0) lstActive cmdUp cmdDown "
+            "cmdPrincipale cmdOrder cmdRemoveAll cmdOK qt_tabwidget_tabbar cmbOrdina(0)");
+  EXPECT_TRUE(Control<QPushButton>(&window, "cmdOK")->isDefault());
+}
+
 TEST_F(DatabaseTest, CancelButtonEndsAReadWhileTheWindowIsDisabled) {
   MakeLoadable<frmProgress>("frmProgress");
   const frmDatabase& window = Open();
@@ -336,6 +353,7 @@ TEST_F(DatabaseTest, NoTextIsCutAndNoMnemonicIsDoubleInAnyLanguage) {
       ClearActive();
       ApplyNight(true);
       pages->setCurrentIndex(0);
+      QCoreApplication::processEvents();
       SavePicture(window, QStringLiteral("frmDatabase_night"));
       ApplyNight(false);
     }

@@ -54,6 +54,7 @@ QWidget* MarksAndFields() {
   rows->addLayout(marks);
   auto* const fields = new QFormLayout();
   auto* const combo = new QComboBox();
+  combo->setObjectName("cmbSample");
   combo->addItems({"6 ore", "12 ore", "1 giorno"});
   auto* const editable = new QComboBox();
   editable->setEditable(true);

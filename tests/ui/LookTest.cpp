@@ -2,8 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
+#include <QCalendarWidget>
+#include <QComboBox>
 #include <QDialog>
 #include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMenu>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -17,6 +22,7 @@
 #include "controls/qtDataBox.h"
 #include "controls/qtIcons.h"
 #include "controls/qtMessage.h"
+#include "shell/base/mFiles.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mLang.h"
 #include "shell/base/qtForms.h"
@@ -108,6 +114,15 @@ TEST_F(Look, NightWindowsAreRedAndBlack) {
   menu->popup(QPoint(0, 0));
   EXPECT_EQ(PixelsNotRed(Grabbed(menu, "menu-night")), 0);
   menu->hide();
+  QCalendarWidget calendar;
+  calendar.setSelectedDate(QDate(2022, 6, 14));
+  EXPECT_EQ(PixelsNotRed(Grabbed(&calendar, "calendar-night")), 0);
+  auto* const combo = sampler->findChild<QComboBox*>("cmbSample");
+  combo->showPopup();
+  EXPECT_EQ(PixelsNotRed(Grabbed(combo->view()->window(), "combo-night")), 0);
+  combo->hidePopup();
+  sampler->findChild<QMdiArea*>()->subWindowList().first()->showMaximized();
+  EXPECT_EQ(PixelsNotRed(Grabbed(sampler.get(), "maximised-night")), 0);
 }
 
 TEST_F(Look, SamplerByDay) {
@@ -118,6 +133,15 @@ TEST_F(Look, SamplerByDay) {
   menu->popup(QPoint(0, 0));
   Grabbed(menu, "menu-day");
   menu->hide();
+  QCalendarWidget calendar;
+  calendar.setSelectedDate(QDate(2022, 6, 14));
+  Grabbed(&calendar, "calendar-day");
+  auto* const combo = sampler->findChild<QComboBox*>("cmbSample");
+  combo->showPopup();
+  Grabbed(combo->view()->window(), "combo-day");
+  combo->hidePopup();
+  sampler->findChild<QMdiArea*>()->subWindowList().first()->showMaximized();
+  Grabbed(sampler.get(), "maximised-day");
 }
 
 /// Runs something once a modal window has opened; gives the window to it.
@@ -135,7 +159,7 @@ TEST_F(Look, IconsFollowTheNight) {
   const QIcon open = Icon("open");
   ASSERT_FALSE(open.isNull());
   EXPECT_TRUE(Icon("no_such_picture").isNull());
-  for (const int side : {16, 24, 48}) EXPECT_EQ(open.pixmap(side).width(), side);
+  for (const int side : {16, 24, 48}) EXPECT_EQ(open.pixmap(side).deviceIndependentSize().width(), side);
   const QImage day = open.pixmap(24).toImage();
   ApplyNight(true);
   const QImage night = open.pixmap(24).toImage();
@@ -194,9 +218,10 @@ TEST_F(Look, ProgressBarInvertsWhatItHasPassed) {
   bar.resize(200, 22);
   const auto columnsOf = [&bar](const QColor& colour) {
     const QImage picture = bar.grab().toImage();
+    const int row = qRound(4 * picture.devicePixelRatio());  // above the text
     int count = 0;
-    for (int x = 0; x < picture.width(); ++x) count += picture.pixelColor(x, 4) == colour ? 1 : 0;
-    return count;
+    for (int x = 0; x < picture.width(); ++x) count += picture.pixelColor(x, row) == colour ? 1 : 0;
+    return count / picture.devicePixelRatio();
   };
   const QColor passed = DayPalette().color(QPalette::Highlight);
   bar.SetValue(25);
@@ -282,6 +307,28 @@ TEST_F(Look, DataBoxRowsShareTheHeightInOrder) {
   }
 }
 
+TEST_F(Look, DataBoxCutsNoWordInAnyLanguage) {
+  AppPath = TEST_SOURCE_DIR "/data";
+  for (const std::string& file : ListProgramFiles(".ini")) {
+    LanguageFile = file;
+    LanguageLoaded = false;
+    for (const char* const section : {"frmWorldMap", "frmLocalSky", "frmFloating"}) {
+      DataBox box(section);
+      LiveTexts texts;
+      for (const char* const key : {"eclisse", "visibile", "nonvisibile"}) {
+        texts.State = LookupText("Conditions", key);
+        box.SetTexts(texts);
+        EXPECT_EQ(Control<QLabel>(&box, "lblState")->text(), ToQ(texts.State)) << file;
+      }
+      for (const QLabel* const label : box.findChildren<QLabel*>())
+        EXPECT_FALSE(label->text().contains(QChar(0x2026))) << file << " " << label->text().toStdString();
+      EXPECT_FALSE(Control<QLabel>(&box, "lblTrasmissione")->text().isEmpty()) << file;
+      Grabbed(&box, ToQ(file + "-" + section));
+    }
+  }
+  AppPath.clear();
+}
+
 TEST_F(Look, MessageBoxIsCaptionedFromTheLanguageFile) {
   InBox([](QDialog* box) {
     EXPECT_EQ(Control<QPushButton>(box, "cmdYes")->text(), "Ja");
@@ -336,6 +383,20 @@ TEST_F(Look, AboutBoxEndsByAKeyAndTheSplashDoesNot) {
   Grabbed(&about, "splash");
   ApplyNight(true);
   EXPECT_EQ(PixelsNotRed(Grabbed(&about, "splash-night")), 0);
+}
+
+TEST_F(Look, OpenWindowsTurnAtOnce) {
+  QWidget plain;
+  QPushButton button("A", &plain);
+  plain.show();
+  ApplyNight(true);
+  EXPECT_TRUE(IsNight(QApplication::palette()));
+  EXPECT_TRUE(IsNight(plain.palette()));
+  EXPECT_TRUE(IsNight(button.palette()));
+  EXPECT_TRUE(button.font().bold());
+  ApplyNight(false);
+  EXPECT_FALSE(IsNight(plain.palette()));
+  EXPECT_FALSE(button.font().bold());
 }
 
 }  // namespace

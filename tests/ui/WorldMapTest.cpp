@@ -192,7 +192,9 @@ TEST_F(WorldMapTest, LeftButtonPromotesTheHoveredSatelliteOnce) {
   const std::string promoted = ElementSets[slot].Name, former = ElementSets[1].Name;
   const double latitude = SatelliteStates[slot].LatitudeSigned;
   MovePointer(At(slot));
-  QTest::mouseDClick(picture, Qt::LeftButton, {}, At(slot));
+  const QPoint place = At(slot);
+  QTest::mouseClick(picture, Qt::LeftButton, {}, place);
+  QTest::mouseClick(picture, Qt::LeftButton, {}, place);
   EXPECT_EQ(ElementSets[1].Name, promoted);
   EXPECT_EQ(ElementSets[slot].Name, former);
   EXPECT_NEAR(SatelliteStates[1].LatitudeSigned, latitude, 1e-9);
@@ -278,11 +280,16 @@ TEST_F(WorldMapTest, GlobeShowsAnotherFaceWhenThePrincipalMovesOn) {
   SatelliteStates[1].GeocentricLatitude = 0;
   SatelliteStates[1].Longitude360 = 10;
   form->Disegna_satellite(1);
-  const QColor ground = picture->grab().toImage().pixelColor(picture->rect().center() + QPoint(-31, 27));
+  const QImage first = picture->grab().toImage();
   SatelliteStates[1].Longitude360 = 180;
   SatelliteStates[1].LongitudeEast = 180;
   form->Disegna_satellite(1);
-  EXPECT_NE(picture->grab().toImage().pixelColor(picture->rect().center() + QPoint(-31, 27)), ground);
+  const QImage second = picture->grab().toImage();
+  int changed = 0;
+  for (int y = 0; y < first.height(); ++y)
+    for (int x = 0; x < first.width(); ++x)
+      if (first.pixel(x, y) != second.pixel(x, y)) ++changed;
+  EXPECT_GT(changed, first.width() * first.height() / 10);
 }
 
 TEST_F(WorldMapTest, TickRepaintsMarksAndLeavesNoTraceOfTheFormerOnes) {
