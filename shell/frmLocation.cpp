@@ -269,6 +269,7 @@ void frmLocation::ReadPlaces() {
 
 void frmLocation::BeforeUnload() {
   if (reading_) CancelRequested = true;
+  if (place_) place_->reject();
 }
 
 void frmLocation::EnableCommands(bool on) {
@@ -345,6 +346,7 @@ void frmLocation::OpenPlace(int row) {
     if (row != 0) txtHeight_->setText(height);
   });
   dialog->setAttribute(Qt::WA_DeleteOnClose);
+  place_ = dialog;
   dialog->open();
 }
 

@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <vector>
 
 #include "controls/GraphButton.h"
@@ -78,6 +79,7 @@ class frmLocation : public ChildForm, public FormCalls {
   QCheckBox* chkDaylight_ = nullptr;
   SurfaceWidget* picGeo_ = nullptr;
   QtPicture earth_;
+  QPointer<QDialog> place_;              // the dialog of a new or changed place while it is open
   std::vector<QWidget*> commands_;       // and fields that wait for the end of the read
   double latitude_ = 0, longitude_ = 0;  // exact values of the two labels
   bool read_ = false, reading_ = false;

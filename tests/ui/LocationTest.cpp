@@ -12,6 +12,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
+#include <set>
 
 #include "astro/mConv.h"
 #include "shell/MDIForm1.h"
@@ -291,10 +292,12 @@ TEST_F(LocationWindowTest, MinutesThatNoListHoldsStayAndNamesOfAnyLengthFit) {
 }
 
 TEST_F(LocationWindowTest, NothingIsCutInAnyLanguage) {
+  std::set<QString> titles;
   for (const std::string& name : InstalledLanguages()) {
     ChooseLanguage(name);
     Open();
     Click(form_, "cmdModifica");
+    EXPECT_EQ(form_->windowTitle(), Text("frmLocation", "localita")) << name;
     for (QWidget* const window : {form_, Dialog()}) {
       for (const QWidget* const widget : window->findChildren<QWidget*>()) {
         const bool fits =
@@ -309,8 +312,10 @@ TEST_F(LocationWindowTest, NothingIsCutInAnyLanguage) {
       if (!folder.isEmpty())
         window->grab().save(QDir(folder).filePath(window->objectName() + ToQ("-" + name + ".png")));
     }
+    titles.insert(form_->windowTitle());
     UnloadAllForms("MDIForm1");
   }
+  EXPECT_GE(titles.size(), 4U) << "the windows speak the chosen language";
 }
 
 }  // namespace
