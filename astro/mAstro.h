@@ -1,4 +1,4 @@
-// Calendar, sidereal time, Sun, Moon and the three coordinate routines. The series are those of
+// Calendar, sidereal time, Sun, Moon, planets and the three coordinate routines. The series are those of
 // Duffett-Smith's "Practical Astronomy with your Calculator", with the program's truncated constants.
 // All of them read the shared ClockFields; UpdateSiderealTime must have run for the instant before.
 #pragma once
@@ -33,6 +33,11 @@ void ComputeSun();
 
 /// Place and phase of the Moon into its row; needs ComputeSun for the same instant before.
 void ComputeMoon();
+
+/// Places, distances, phases, sizes and magnitudes of Mercury to Neptune into their rows, by two-body orbits
+/// from mean elements of J2000; light time is left to who shows them. A failing statement raises
+/// ArithmeticFailure: rows before it are done, those behind it keep their values.
+void ComputePlanets();
 
 /// Hours and degrees to degrees of azimuth (north through east) and altitude, for the observer and the local
 /// sidereal time. A statement that fails (a body in the zenith) leaves its result as it was.

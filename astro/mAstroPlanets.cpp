@@ -30,6 +30,60 @@ std::array<double, elementCount> ReadElements(std::string_view line) {
   return elements;
 }
 
+/// Heliocentric place in the plane of a body's own orbit.
+struct OrbitPlace {
+  double longitude = 0;  // degrees, 0 to 360
+  double radius = 0;     // astronomical units
+};
+
+OrbitPlace PlaceInOrbit(const SkyObject& body, double d) {
+  const double e = body.Eccentricity;
+  const double n = ModFloor(Div(d * 360, 365.242191 * body.PeriodYears), 360);
+  const double m = (n + body.LongitudeAtEpoch - body.PerihelionLongitude) * DegToRad;
+  OrbitPlace place;
+  place.longitude = ModFloor(n + 360 * e * std::sin(m) / Pi + body.LongitudeAtEpoch, 360);
+  const double v = (place.longitude - body.PerihelionLongitude) * DegToRad;
+  place.radius = Div(body.SemiMajorAxis * (1 - e * e), 1 + e * std::cos(v));
+  return place;
+}
+
+void ComputePlanet(int row, double d, const OrbitPlace& earth) {
+  SkyObject& planet = SkyObjectTable[row];
+  const OrbitPlace place = PlaceInOrbit(planet, d);
+  const double l = place.longitude * DegToRad;
+  const double r = place.radius;
+  const double L = earth.longitude * DegToRad;
+  const double R = earth.radius;
+
+  const double i = planet.OrbitInclination * DegToRad;
+  const double om = planet.NodeLongitude * DegToRad;
+  const double psi = ArcSin(std::sin(l - om) * std::sin(i));
+  const double y = std::sin(l - om) * std::cos(i);
+  const double x = std::cos(l - om);
+  const double lpDegrees = ArcTan2Positive(y, x) * RadToDeg + planet.NodeLongitude;
+  const double lp = lpDegrees * DegToRad;
+  const double rp = r * std::cos(psi);
+
+  double lam = 0;
+  if (row <= Venus) {
+    const double A = std::atan(Div(rp * std::sin(L - lp), R - rp * std::cos(L - lp))) * RadToDeg;
+    lam = 180 + earth.longitude + A;
+  } else {
+    lam = std::atan(Div(R * std::sin(lp - L), rp - R * std::cos(lp - L))) * RadToDeg + lpDegrees;
+  }
+  lam = ModFloor(lam, 360) * DegToRad;
+  const double beta = std::atan(Div(rp * std::tan(psi) * std::sin(lam - lp), R * std::sin(lp - L)));
+
+  EclipticToEquatorial(beta, lam, Obliquity, planet.RightAscension, planet.Declination);
+  EquatorialToHorizontal(planet.RightAscension, planet.Declination, planet.Azimuth, planet.Altitude);
+
+  const double rho = Sqrt(R * R + r * r - 2 * R * r * std::cos(l - L));
+  planet.Distance = rho;
+  planet.AngularDiameter = Div(planet.DiameterAtOneAU, rho);
+  planet.Phase = (1 + std::cos(lam - l)) / 2;
+  planet.Magnitude = 5 * Log(Div(r * rho, Sqrt(planet.Phase))) / std::log(10.0) + planet.MagnitudeAtOneAU;
+}
+
 SkyObject ReadSkyObject(LineReader& lines) {
   std::string_view name;
   std::string_view line;
@@ -50,6 +104,12 @@ SkyObject ReadSkyObject(LineReader& lines) {
 }
 
 }  // namespace
+
+void ComputePlanets() {
+  const double d = ClockFields.JulianDayNow - 2451545.0;
+  const OrbitPlace earth = PlaceInOrbit(SkyObjectTable[Earth], d);
+  for (int row = Mercury; row <= Neptune; ++row) ComputePlanet(row, d, earth);
+}
 
 void ReadSkyObjects(std::string_view text) {
   Slots<SkyObject, 10> table;

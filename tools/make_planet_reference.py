@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Makes tests/reference/planets.csv: apparent places of the planets by an independent ephemeris (PyEphem)."""
+"""Makes tests/reference/planets.csv: places of the planets by an independent ephemeris (PyEphem)."""
 
 import argparse
 import math
@@ -15,7 +15,7 @@ FIRST_YEAR, LAST_YEAR = 1990, 2050
 DAY_OFFSET = 2415020.0
 NAMES = ["Mercury", "Venus", "Mars", "Jupiter", "Saturn", "Uranus", "Neptune"]
 HEADER = [
-    "# Apparent geocentric places of the planets, true equator and equinox of date, by PyEphem 4.1",
+    "# Geocentric places of the planets, equator and equinox of 2000 as their elements have it, by PyEphem 4.1",
     "julian_day_ut,row,ra_h,dec_deg,distance_au,lit_fraction,diameter_arcsec,magnitude",
 ]
 
@@ -23,9 +23,9 @@ HEADER = [
 def rows(day):
     """The lines of the table for a Julian day of Universal Time."""
     for number, name in enumerate(NAMES, 1):
-        body = getattr(ephem, name)(ephem.Date(day - DAY_OFFSET))
-        yield ",".join([f"{day:.6f}", str(number), f"{math.degrees(body.g_ra) / 15.0:.6f}",
-                        f"{math.degrees(body.g_dec):.5f}", f"{body.earth_distance:.6f}", f"{body.phase / 100.0:.4f}",
+        body = getattr(ephem, name)(ephem.Date(day - DAY_OFFSET), epoch="2000")
+        yield ",".join([f"{day:.6f}", str(number), f"{math.degrees(body.a_ra) / 15.0:.6f}",
+                        f"{math.degrees(body.a_dec):.5f}", f"{body.earth_distance:.6f}", f"{body.phase / 100.0:.4f}",
                         f"{body.size:.2f}", f"{body.mag:.2f}"])
 
 

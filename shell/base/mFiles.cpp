@@ -31,11 +31,13 @@ std::string FindIn(const std::string& folder, const std::string& name) {
   if (folder.empty() || name.empty()) return {};
   std::error_code error;
   const fs::path exact = fs::path(folder) / name;
-  if (fs::exists(exact, error)) return exact.string();
+  if (fs::exists(exact, error) && !fs::is_directory(exact, error)) return exact.string();
   std::vector<std::string> found;
+  std::error_code ignored;
   const fs::path parent = exact.parent_path();
   for (fs::directory_iterator entry(parent, error), end; !error && entry != end; entry.increment(error))
-    if (SameText(entry->path().filename().string(), exact.filename().string()))
+    if (SameText(entry->path().filename().string(), exact.filename().string()) &&
+        !fs::is_directory(entry->path(), ignored))
       found.push_back(entry->path().string());
   return found.empty() ? std::string() : *std::min_element(found.begin(), found.end());
 }

@@ -1,0 +1,331 @@
+#include "maps/qtSurface.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+#include "shell/base/mGlobal.h"
+#include "shell/base/qtForms.h"
+
+namespace halvorine {
+
+namespace {
+
+constexpr double twips = 15;           // to a logical pixel
+constexpr int keptTexts = 2000;        // prepared texts, more than satellites and labels together
+constexpr int haloRoom = 1;            // logical pixels around a prepared text
+constexpr int haloInset = 2;           // logical pixels from the pen to a text with a rim
+constexpr int casingAlpha = 110;       // 43 per cent
+constexpr double axisParallel = 1e-3;  // pixels off the axis
+
+QColor ToQColor(Colour colour) {
+  const QColor day(colour & 255, (colour >> 8) & 255, (colour >> 16) & 255);
+  return NightColoursActive ? NightShadeOf(day) : day;
+}
+
+QPointF Pixels(DeviceSpot spot) { return {spot.X / twips, spot.Y / twips}; }
+
+QFont ToQFont(const DrawFont& font) {
+  QFont result(ToQ(font.Family));
+  result.setPointSizeF(font.Points);
+  result.setBold(font.Bold);
+  return result;
+}
+
+QPen ToQPen(const DrawStroke& stroke, double widthAdded = 0) {
+  return QPen(ToQColor(stroke.Ink), stroke.Width + widthAdded,
+              stroke.Kind == LineKind::Dashed ? Qt::DashLine : Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+}
+
+/// A line along an axis without smoothing, one device pixel sharp: its centre lies on pixel centres.
+void DrawPlainLine(QPainter& painter, const QPointF& a, const QPointF& b, const DrawStroke& stroke) {
+  const bool upright = std::abs(a.x() - b.x()) < axisParallel;
+  const bool level = std::abs(a.y() - b.y()) < axisParallel;
+  QPen pen = ToQPen(stroke);
+  if (!upright && !level) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(pen);
+    painter.drawLine(a, b);
+    return;
+  }
+  pen.setCapStyle(Qt::FlatCap);
+  painter.setPen(pen);
+  const double x = std::floor(a.x()) + 0.5, y = std::floor(a.y()) + 0.5;
+  painter.drawLine(upright ? QPointF(x, a.y()) : QPointF(a.x(), y),
+                   upright ? QPointF(x, b.y()) : QPointF(b.x(), y));
+}
+
+}  // namespace
+
+void PixmapSurface::Resize(QSize size, double pixelRatio) {
+  size_ = size;
+  ratio_ = pixelRatio;
+  texts_.clear();
+  const QSize device(static_cast<int>(std::lround(size.width() * pixelRatio)),
+                     static_cast<int>(std::lround(size.height() * pixelRatio)));
+  persistent_ = QImage(device, QImage::Format_RGB32);
+  transient_ = QImage(device, QImage::Format_ARGB32_Premultiplied);
+  for (QImage* const image : {&persistent_, &transient_}) {
+    image->setDevicePixelRatio(pixelRatio);
+    image->fill(image == &persistent_ ? ToQColor(BackColor) : QColor(Qt::transparent));
+  }
+  touched_.Resize(device);
+}
+
+void PixmapSurface::PaintOn(QPainter& painter) const {
+  if (persistent_.isNull()) return;
+  painter.drawImage(QPointF(0, 0), persistent_);
+  for (const QRect& run : touched_.Runs())
+    painter.drawImage(QRectF(run.x() / ratio_, run.y() / ratio_, run.width() / ratio_, run.height() / ratio_),
+                      transient_, run);
+}
+
+void PixmapSurface::Touched(const QRectF& logicalArea) {
+  if (AutoRedraw()) return;
+  touched_.Touch(QRectF(logicalArea.topLeft() * ratio_, logicalArea.size() * ratio_));
+}
+
+DeviceSize PixmapSurface::DeviceExtent() const { return {size_.width() * twips, size_.height() * twips}; }
+
+void PixmapSurface::DeviceClear(DrawLayer layer, Colour background) {
+  if (layer == DrawLayer::Persistent) {
+    if (!persistent_.isNull()) persistent_.fill(ToQColor(background));
+    return;
+  }
+  const qsizetype stride = transient_.bytesPerLine();
+  for (const QRect& run : touched_.Runs())
+    for (int y = run.top(); y <= run.bottom(); ++y) {
+      uchar* const row = transient_.bits() + y * stride + qsizetype{4} * run.x();
+      std::fill(row, row + qsizetype{4} * run.width(), uchar{0});
+    }
+  touched_.Clear();
+}
+
+void PixmapSurface::DeviceLine(DeviceSpot from, DeviceSpot to, const DrawStroke& stroke) {
+  if (shading_) return AddShadeLine(from, to);
+  if (curving_) return AddCurveLine(from, to, stroke);
+  if (Target().isNull()) return;
+  QPainter painter(&Target());
+  DrawPlainLine(painter, Pixels(from), Pixels(to), stroke);
+  const double room = stroke.Width + 1;
+  Touched(QRectF(Pixels(from), Pixels(to)).normalized().adjusted(-room, -room, room, room));
+}
+
+void PixmapSurface::DeviceBox(DeviceSpot corner, DeviceSize size, const DrawStroke& stroke, bool filled) {
+  if (Target().isNull()) return;
+  const QRectF area(Pixels(corner), QSizeF(size.Width / twips, size.Height / twips));
+  QPainter painter(&Target());
+  if (filled)
+    painter.fillRect(area, ToQColor(stroke.Ink));
+  else {
+    painter.setPen(ToQPen(stroke));
+    painter.drawRect(area);
+  }
+  const double room = stroke.Width + 1;
+  Touched(area.adjusted(-room, -room, room, room));
+}
+
+void PixmapSurface::DeviceEllipse(const DeviceRound& round, const DrawStroke& stroke,
+                                  std::optional<Colour> fill) {
+  if (Target().isNull()) return;
+  const double rx = std::max(round.RadiusX / twips, MinimumRadius);
+  const double ry = std::max(round.RadiusY / twips, MinimumRadius);
+  const QPointF centre = Pixels(round.Centre);
+  QPainter painter(&Target());
+  painter.setRenderHint(QPainter::Antialiasing);
+  // a filled small disc in its own edge colour needs no edge, which would make it a pixel wider
+  const bool disc = fill && *fill == stroke.Ink;
+  painter.setPen(disc ? QPen(Qt::NoPen) : ToQPen(stroke));
+  painter.setBrush(fill ? QBrush(ToQColor(*fill)) : QBrush(Qt::NoBrush));
+  painter.drawEllipse(centre, rx, ry);
+  const double room = stroke.Width + 1;
+  Touched(QRectF(centre.x() - rx, centre.y() - ry, 2 * rx, 2 * ry).adjusted(-room, -room, room, room));
+}
+
+void PixmapSurface::DevicePie(const DeviceRound& round, const DrawStroke& stroke,
+                              std::optional<Colour> fill) {
+  if (Target().isNull()) return;
+  const double rx = round.RadiusX / twips, ry = round.RadiusY / twips;
+  const QPointF centre = Pixels(round.Centre);
+  const QRectF area(centre.x() - rx, centre.y() - ry, 2 * rx, 2 * ry);
+  const double sixteenths = 16 * 180 / M_PI;
+  const double start = round.Start.value_or(0), end = round.End.value_or(2 * M_PI);
+  const double span = end >= start ? end - start : end - start + 2 * M_PI;
+  QPainter painter(&Target());
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(ToQPen(stroke));
+  painter.setBrush(fill ? QBrush(ToQColor(*fill)) : QBrush(Qt::NoBrush));
+  painter.drawPie(area, static_cast<int>(std::lround(start * sixteenths)),
+                  static_cast<int>(std::lround(span * sixteenths)));
+  const double room = stroke.Width + 1;
+  Touched(area.adjusted(-room, -room, room, room));
+}
+
+void PixmapSurface::DevicePoint(DeviceSpot at, const DrawStroke& stroke) {
+  if (Target().isNull()) return;
+  const QPointF place = Pixels(at);
+  const double size = std::max(1.0, stroke.Width);
+  // whole logical pixels, never smoothed
+  const QRectF area(std::floor(place.x() - (size - 1) / 2), std::floor(place.y() - (size - 1) / 2), size,
+                    size);
+  QPainter painter(&Target());
+  painter.fillRect(area, ToQColor(stroke.Ink));
+  Touched(area);
+}
+
+DeviceSize PixmapSurface::DeviceTextExtent(std::string_view text) const {
+  const QFontMetricsF metrics(ToQFont(Font));
+  return {metrics.horizontalAdvance(ToQ(text)) * twips, metrics.height() * twips};
+}
+
+const QImage& PixmapSurface::PreparedText(const QString& text, Colour colour) {
+  const QString key = QStringLiteral("%1|%2|%3|%4|%5|%6")
+                          .arg(text, ToQ(Font.Family))
+                          .arg(Font.Points)
+                          .arg(Font.Bold ? 1 : 0)
+                          .arg(colour)
+                          .arg(TextHalo.value_or(-1));
+  const QHash<QString, QImage>::const_iterator found = texts_.constFind(key);
+  if (found != texts_.cend()) return *found;
+  if (texts_.size() >= keptTexts) texts_.clear();
+
+  const QFont font = ToQFont(Font);
+  const QFontMetricsF metrics(font);
+  const QSizeF room(std::ceil(metrics.horizontalAdvance(text)) + 2 * haloRoom + 2,
+                    std::ceil(metrics.height()) + 2 * haloRoom);
+  QImage image((room * ratio_).toSize(), QImage::Format_ARGB32_Premultiplied);
+  image.setDevicePixelRatio(ratio_);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  painter.setFont(font);
+  const QPointF base(haloRoom, haloRoom + std::round(metrics.ascent()));
+  if (TextHalo) {
+    QColor halo = ToQColor(*TextHalo);
+    for (int dx = -1; dx <= 1; ++dx)
+      for (int dy = -1; dy <= 1; ++dy) {
+        if (dx == 0 && dy == 0) continue;
+        halo.setAlphaF(dx == 0 || dy == 0 ? 0.60F : 0.30F);
+        painter.setPen(halo);
+        painter.drawText(base + QPointF(dx, dy), text);
+      }
+  }
+  painter.setPen(ToQColor(colour));
+  painter.drawText(base, text);
+  if (TextHalo) painter.drawText(base, text);  // thin smoothed strokes would let the dark rim through
+  painter.end();
+  return *texts_.insert(key, image);
+}
+
+void PixmapSurface::DeviceText(DeviceSpot corner, std::string_view text, Colour colour) {
+  if (Target().isNull() || text.empty()) return;
+  const QImage& image = PreparedText(ToQ(text), colour);
+  if (image.isNull()) return;
+  const double inset = TextHalo ? haloInset - haloRoom : -haloRoom;
+  const QPointF place = Pixels(corner) + QPointF(inset, -haloRoom);
+  const QPointF snapped(std::round(place.x() * ratio_) / ratio_, std::round(place.y() * ratio_) / ratio_);
+  QPainter painter(&Target());
+  painter.drawImage(snapped, image);
+  Touched(QRectF(snapped, QSizeF(image.size()) / ratio_));
+}
+
+void PixmapSurface::DevicePicture(DeviceSpot corner, DeviceSize size, const DrawPicture& picture) {
+  const QtPicture* const held = dynamic_cast<const QtPicture*>(&picture);
+  if (Target().isNull() || held == nullptr) return;
+  const QPointF place = Pixels(corner) * ratio_;
+  const QSize pixels(static_cast<int>(std::lround(size.Width / twips * ratio_)),
+                     static_cast<int>(std::lround(size.Height / twips * ratio_)));
+  const QImage& image = held->Drawn(pixels, NightColoursActive);
+  if (image.isNull()) return;
+  const QPointF snapped(std::round(place.x()) / ratio_, std::round(place.y()) / ratio_);
+  const QRectF area(snapped, QSizeF(image.size()) / ratio_);
+  QPainter painter(&Target());
+  painter.drawImage(area, image);
+  Touched(area);
+}
+
+void PixmapSurface::BeginShade(Colour colour, double opacity) {
+  shading_ = true;
+  shadeColour_ = colour;
+  shadeOpacity_ = opacity;
+  strokes_.clear();
+}
+
+void PixmapSurface::AddShadeLine(DeviceSpot from, DeviceSpot to) {
+  const QPointF a = Pixels(from), b = Pixels(to);
+  if (strokes_.empty() || strokes_.back().last() != a) strokes_.push_back(QPolygonF{a});
+  strokes_.back().append(b);
+}
+
+void PixmapSurface::EndShade() {
+  shading_ = false;
+  if (Target().isNull()) return;
+  QImage mask(Target().size(), QImage::Format_ARGB32_Premultiplied);
+  mask.setDevicePixelRatio(ratio_);
+  mask.fill(Qt::transparent);
+  QPainter painter(&mask);
+  const QColor ink = NightColoursActive ? QColor(Qt::black) : ToQColor(shadeColour_);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(ink);
+  for (std::size_t i = 1; i < strokes_.size(); ++i) {
+    QPolygonF between = strokes_[i - 1];
+    for (qsizetype k = strokes_[i].size(); k-- > 0;) between.append(strokes_[i][k]);
+    painter.drawPolygon(between, Qt::WindingFill);
+  }
+  painter.end();
+  QPainter onto(&Target());
+  onto.setOpacity(shadeOpacity_);
+  onto.drawImage(QPointF(0, 0), mask);
+  Touched(QRectF(QPointF(0, 0), size_));
+  strokes_.clear();
+}
+
+void PixmapSurface::BeginCurve(double casing) {
+  curving_ = true;
+  casing_ = casing;
+  curve_.clear();
+}
+
+void PixmapSurface::AddCurveLine(DeviceSpot from, DeviceSpot to, const DrawStroke& stroke) {
+  const QPointF a = Pixels(from), b = Pixels(to);
+  const bool sameInk =
+      !curve_.empty() && curve_.back().stroke.Ink == stroke.Ink && curve_.back().stroke.Width == stroke.Width;
+  if (!sameInk) curve_.push_back({stroke, {}});
+  QPainterPath& path = curve_.back().path;
+  if (path.isEmpty() || path.currentPosition() != a) path.moveTo(a);
+  path.lineTo(b);
+}
+
+void PixmapSurface::EndCurve() {
+  curving_ = false;
+  if (Target().isNull() || curve_.empty()) return;
+  QPainter painter(&Target());
+  painter.setRenderHint(QPainter::Antialiasing);
+  QRectF area;
+  if (casing_ > 0) {
+    QPainterPath whole;
+    for (const CurvePart& part : curve_) whole.addPath(part.path);
+    QPen pen = ToQPen(curve_.front().stroke, casing_);
+    pen.setColor(QColor(0, 0, 0, casingAlpha));
+    painter.setPen(pen);
+    painter.drawPath(whole);
+  }
+  for (const CurvePart& part : curve_) {
+    painter.setPen(ToQPen(part.stroke));
+    painter.drawPath(part.path);
+    const double room = part.stroke.Width + casing_ + 1;
+    area |= part.path.controlPointRect().adjusted(-room, -room, room, room);
+  }
+  painter.end();
+  if (!AutoRedraw())
+    for (const CurvePart& part : curve_) {
+      const double room = part.stroke.Width + casing_ + 1;
+      for (int i = 1; i < part.path.elementCount(); ++i) {
+        const QPointF a = part.path.elementAt(i - 1), b = part.path.elementAt(i);
+        Touched(QRectF(a, b).normalized().adjusted(-room, -room, room, room));
+      }
+    }
+  curve_.clear();
+}
+
+}  // namespace halvorine

@@ -1,0 +1,150 @@
+// Drawing surfaces on the screen. PixmapSurface keeps two pictures, the persistent one and a transparent one
+// above it; SurfaceWidget shows them and reports the mouse in user units. Night colours are applied here,
+// where colours and pictures enter the pixels, so that drawing routines never think of them.
+#pragma once
+
+#include <QColor>
+#include <QHash>
+#include <QImage>
+#include <QPainterPath>
+#include <QPixmap>
+#include <QPolygonF>
+#include <QWidget>
+#include <functional>
+#include <vector>
+
+#include "maps/DrawSurface.h"
+
+class QPainter;
+class QPaintDevice;
+
+namespace halvorine {
+
+/// Deep red of a colour for dark-adapted eyes, keeping its alpha.
+QColor NightShadeOf(const QColor& colour);
+
+/// A picture in memory: a photograph, or an icon that is fetched for the pixel ratio and the colours wanted.
+class QtPicture : public DrawPicture {
+ public:
+  QtPicture() = default;
+  static QtPicture Photograph(const QString& path);
+  static QtPicture Icon(std::function<QPixmap(bool night, double pixelRatio)> load);
+
+  bool Empty() const override { return image_.isNull(); }
+  double NaturalWidth() const override;
+  double NaturalHeight() const override;
+
+  /// The picture in device pixels of the wanted size, in night colours where told. The last one is kept.
+  const QImage& Drawn(QSize devicePixels, bool night) const;
+  void ForgetDrawn() const { drawn_ = QImage(); }
+
+ private:
+  QImage image_;
+  std::function<QPixmap(bool, double)> load_;  // of an icon
+  mutable QImage drawn_;
+  mutable bool drawnAtNight_ = false;
+};
+
+/// The squares of a picture that hold something, in device pixels.
+class TouchedTiles {
+ public:
+  void Resize(QSize size);
+  void Touch(const QRectF& area);
+  void Clear();
+  /// Disjoint rectangles that cover all touched squares.
+  std::vector<QRect> Runs() const;
+
+ private:
+  int columns_ = 0, rows_ = 0;
+  QSize size_;
+  std::vector<char> touched_;
+};
+
+class PixmapSurface : public DrawSurface {
+ public:
+  /// New size in logical pixels; both layers become empty.
+  void Resize(QSize size, double pixelRatio);
+  /// Paints both layers with their top left corner at the painter's origin.
+  void PaintOn(QPainter& painter) const;
+  /// Forgets texts that were prepared in other colours.
+  void ColoursChanged() { texts_.clear(); }
+
+  void BeginShade(Colour colour, double opacity) override;
+  void EndShade() override;
+  void BeginCurve(double casing) override;
+  void EndCurve() override;
+
+ protected:
+  DeviceSize DeviceExtent() const override;
+  void DeviceClear(DrawLayer layer, Colour background) override;
+  void DeviceLine(DeviceSpot from, DeviceSpot to, const DrawStroke& stroke) override;
+  void DeviceBox(DeviceSpot corner, DeviceSize size, const DrawStroke& stroke, bool filled) override;
+  void DeviceEllipse(const DeviceRound& round, const DrawStroke& stroke, std::optional<Colour> fill) override;
+  void DevicePie(const DeviceRound& round, const DrawStroke& stroke, std::optional<Colour> fill) override;
+  void DevicePoint(DeviceSpot at, const DrawStroke& stroke) override;
+  void DeviceText(DeviceSpot corner, std::string_view text, Colour colour) override;
+  DeviceSize DeviceTextExtent(std::string_view text) const override;
+  void DevicePicture(DeviceSpot corner, DeviceSize size, const DrawPicture& picture) override;
+
+ private:
+  /// Lines of one colour within a curve.
+  struct CurvePart {
+    DrawStroke stroke;
+    QPainterPath path;
+  };
+
+  QImage& Target() { return AutoRedraw() ? persistent_ : transient_; }
+  void Touched(const QRectF& logicalArea);
+  void AddShadeLine(DeviceSpot from, DeviceSpot to);
+  void AddCurveLine(DeviceSpot from, DeviceSpot to, const DrawStroke& stroke);
+  const QImage& PreparedText(const QString& text, Colour colour);
+
+  QSize size_;  // logical pixels
+  double ratio_ = 1;
+  QImage persistent_, transient_;
+  TouchedTiles touched_;
+  QHash<QString, QImage> texts_;
+
+  bool shading_ = false;
+  Colour shadeColour_ = Black;
+  double shadeOpacity_ = 1;
+  std::vector<QPolygonF> strokes_;
+
+  bool curving_ = false;
+  double casing_ = 0;
+  std::vector<CurvePart> curve_;
+};
+
+/// A drawing box of a window.
+class SurfaceWidget : public QWidget {
+  Q_OBJECT
+ public:
+  explicit SurfaceWidget(QWidget* parent = nullptr);
+  PixmapSurface& Surface() { return surface_; }
+  /// User units of a place in the box, logical pixels.
+  double UserXOf(const QPointF& place) const;
+  double UserYOf(const QPointF& place) const;
+
+ Q_SIGNALS:
+  /// The box has another size, or the colours of the program have changed: its content is to be drawn anew.
+  void redrawWanted();
+  void mouseMoved(double x, double y);
+  void buttonDown(Qt::MouseButton button, double x, double y, QPoint screen);
+  void buttonUp(Qt::MouseButton button, double x, double y);
+  /// The keyboard asks for the popup menu; the place is the middle of the box on the screen.
+  void menuKey(QPoint screen);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+
+ private:
+  PixmapSurface surface_;
+};
+
+}  // namespace halvorine

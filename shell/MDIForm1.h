@@ -1,0 +1,100 @@
+// MDIForm1: the main window. It holds all menus, the toolbar and the status bar, shows the child windows in
+// its work area, runs the central tick and ends the program.
+#pragma once
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QHash>
+#include <QLabel>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QMenu>
+#include <QTimer>
+#include <QToolBar>
+#include <array>
+
+#include "shell/base/mForms.h"
+
+namespace halvorine {
+
+class frmAbout;
+
+class MDIForm1 : public QMainWindow, public MainFormCalls {
+ public:
+  MDIForm1();
+  ~MDIForm1() override;
+
+  /// Stage two of start-up, up to the visible window; raises StartupEnds when a data table cannot be read.
+  void Load();
+  /// Captions of menus, toolbar and status bar in the language now chosen.
+  void Lingua();
+
+  void Unload() override { close(); }
+  void Show() override;
+  void SetStatusPanel(int panel, const std::string& text) override;
+  bool IsChecked(std::string_view item) const override;
+  void SetChecked(std::string_view item, bool checked) override;
+  void SetEnabled(std::string_view item, bool enabled) override;
+  void RunCommand(std::string_view item) override;
+  void PopupMenu(std::string_view menu, int screenX, int screenY) override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  friend struct MenuTable;
+  using Handler = void (MDIForm1::*)();
+
+  void MakeMenus();
+  void MakeToolbar();
+  void MakeStatusBar();
+  void CaptionToolbar();
+  QAction* Item(std::string_view name) const;
+  void RunRow(const QString& name);
+  void ShowDialog(QDialog& dialog);
+  bool AskExit();
+  void EndProgram();
+
+  void OpenFile();
+  void RestoreSettings();
+  void SaveSettings();
+  void FlipToolbar();
+  void FlipStatusBar();
+  void OpenMap(std::string_view kind);
+  void OpenRecta() { OpenMap("Recta"); }
+  void OpenOrtho() { OpenMap("Ortho"); }
+  void OpenDatabase();
+  void StartCalculator();
+  void StartExternalProgram();
+  void OpenLanguage();
+  void Cascade();
+  void TileHorizontally();
+  void TileVertically();
+  void Tile(bool stacked);
+  void CloseAll();
+  void ArrangeAll();
+  void HelpContents() { OpenHelpFile(0); }
+  void HelpSearch() { OpenHelpFile(-1); }
+  void OpenHelpFile(int topic);
+  void OpenAbout();
+  void MapGrid();
+  void MapCoordinates();
+  void MapTerminator();
+  void OnlyChecked() {}  // the tick and the mouse read these checks
+  void MapTrack();
+  void MapRemove();
+  void MapRedraw();
+  void MapClose();
+
+  QMdiArea* area_;
+  QToolBar* toolbar_;
+  QTimer* tmrCentrale_;
+  QHash<QString, QAction*> items_;
+  QHash<QString, QMenu*> menus_;
+  QHash<QString, QAction*> toolbarItems_;  // by the command they run
+  std::array<QWidget*, 3> panels_{};
+  std::array<QLabel*, 3> panelTexts_{};
+  bool closing_ = false;
+};
+
+}  // namespace halvorine

@@ -1,0 +1,103 @@
+#include "shell/base/qtForms.h"
+
+#include <QCloseEvent>
+#include <QPointer>
+
+#include "shell/base/mLang.h"
+
+namespace halvorine {
+
+namespace {
+
+QPointer<QMdiArea> workArea;
+
+}  // namespace
+
+QString Text(std::string_view section, std::string_view key) { return ToQ(LookupText(section, key)); }
+
+QString ControlName(const char* name, int index) {
+  const QString base = QString::fromLatin1(name);
+  return index < 0 ? base : QStringLiteral("%1(%2)").arg(base).arg(index);
+}
+
+QMdiArea* WorkArea() { return workArea; }
+void SetWorkArea(QMdiArea* area) { workArea = area; }
+
+namespace {
+
+/// The frame of a child window: its close button asks the window inside, which decides between hide and end.
+class ChildFrame : public QMdiSubWindow {
+ public:
+  using QMdiSubWindow::QMdiSubWindow;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override {
+    event->ignore();
+    if (widget() != nullptr) widget()->close();
+  }
+};
+
+}  // namespace
+
+ChildForm::ChildForm(const QString& name) {
+  setObjectName(name);
+  if (WorkArea() == nullptr) return;
+  frame_ = new ChildFrame();
+  frame_->setWidget(this);
+  WorkArea()->addSubWindow(frame_);
+  frame_->setAttribute(Qt::WA_DeleteOnClose, false);
+  frame_->hide();
+  connect(this, &QWidget::windowTitleChanged, frame_, &QWidget::setWindowTitle);
+  connect(this, &QWidget::windowIconChanged, frame_, &QWidget::setWindowIcon);
+}
+
+ChildForm::~ChildForm() { UnregisterForm(FromQ(objectName())); }
+
+QWidget* ChildForm::Frame() { return frame_ != nullptr ? static_cast<QWidget*>(frame_) : this; }
+
+void ChildForm::ShowForm() {
+  if (frame_ != nullptr) {
+    show();
+    frame_->show();
+    WorkArea()->setActiveSubWindow(frame_);
+    frame_->raise();
+  } else {
+    show();
+    raise();
+    activateWindow();
+  }
+}
+
+void ChildForm::HideForm() { Frame()->hide(); }
+
+void ChildForm::UnloadForm() {
+  if (unloading_) return;
+  unloading_ = true;
+  BeforeUnload();
+  UnregisterForm(FromQ(objectName()));
+  Frame()->hide();
+  if (frame_ != nullptr && WorkArea() != nullptr) WorkArea()->removeSubWindow(frame_);
+  // the call may come from one of the window's own handlers, so that the deletion waits for the event loop
+  Frame()->deleteLater();
+}
+
+void ChildForm::Publish(FormCalls* calls) { RegisterForm(FromQ(objectName()), calls); }
+
+void ChildForm::SetFirstSize(int width, int height) {
+  if (frame_ == nullptr) {
+    resize(width, height);
+    return;
+  }
+  const QSize border = frame_->size() - frame_->contentsRect().size();
+  frame_->resize(width + border.width(), height + border.height());
+}
+
+void ChildForm::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  if (CloseUnloads())
+    UnloadForm();
+  else
+    HideForm();
+}
+
+}  // namespace halvorine

@@ -1,0 +1,43 @@
+#include "shell/qtApplication.h"
+
+#include <clocale>
+#include <exception>
+
+#include "catalogue/frmDatabase.h"
+#include "controls/frmProgress.h"
+#include "controls/qtLook.h"
+#include "maps/frmWorldMap.h"
+#include "shell/base/mPlatform.h"
+#include "shell/base/qtForms.h"
+#include "shell/frmTime.h"
+#include "shell/mStart.h"
+
+namespace halvorine {
+
+Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+  // the toolkit takes the user's locale over; numbers in files and settings never follow it
+  std::setlocale(LC_NUMERIC, "C");
+  setApplicationName(QStringLiteral("halvorine"));
+  setApplicationDisplayName(QString::fromLatin1(applicationTitle));
+  setApplicationVersion(QStringLiteral(HALVORINE_VERSION));
+  setDesktopFileName(QStringLiteral("halvorine"));
+  ApplyLook(*this);
+}
+
+bool Application::notify(QObject* receiver, QEvent* event) {
+  try {
+    return QApplication::notify(receiver, event);
+  } catch (const std::exception& failure) {
+    Tell(MessageKind::Warning, failure.what());
+  }
+  return true;
+}
+
+void RegisterWindows() {
+  MakeLoadable<frmTime>("frmTime");
+  MakeLoadable<frmDatabase>("frmDatabase");
+  MakeLoadable<frmProgress>("frmProgress");
+  MakeLoadable<frmWorldMap>("frmWorldMap");
+}
+
+}  // namespace halvorine

@@ -1,0 +1,219 @@
+// The settings store, the table of options and the questions about values that cannot be read.
+#include "shell/base/mStore.h"
+
+#include <gtest/gtest.h>
+
+#include "astro/mConv.h"
+#include "shell/base/mReg.h"
+#include "tests/fakes/FakePlatform.h"
+#include "tests/fakes/ProgramFolder.h"
+
+namespace halvorine {
+namespace {
+
+class StoreTest : public testing::Test {
+ protected:
+  StoreTest() { platform_.settingsFile = folder_.SettingsFile(); }
+  ProgramFolder folder_;
+  FakePlatform platform_;
+};
+
+TEST_F(StoreTest, EmptyNamesAreRefusedInOrderWithTheirCodes) {
+  const struct {
+    const char *application, *section, *key, *text;
+    std::uint32_t code;
+  } rows[] = {{" ", "", "", "AppName may not be empty", 0x800403E8},
+              {"Halvorine", "  ", "", "Section may not be empty", 0x800403E9},
+              {"Halvorine", "Generali", " ", "Key may not be empty", 0x800403EA}};
+  for (const auto& row : rows) {
+    for (const bool writing : {false, true}) {
+      try {
+        if (writing)
+          SaveRegistryString(row.application, row.section, row.key, "x");
+        else
+          GetRegistryString(row.application, row.section, row.key, "x");
+        ADD_FAILURE() << row.text;
+      } catch (const SettingsFailure& failure) {
+        EXPECT_STREQ(failure.what(), row.text);
+        EXPECT_EQ(failure.Code, row.code);
+      }
+    }
+  }
+}
+
+TEST_F(StoreTest, ValuesComeBackWholeFromDisk) {
+  const char* const values[] = {"",       "plain",         "with = and \"quotes\" and \\ too", "line\r\nend",
+                                "[head]", "M\xC3\xBCnchen"};
+  for (const char* const value : values) {
+    SaveRegistryString(" Halvorine ", " Cielo locale ", "Griglia 10", value);
+    ForgetSettings();
+    EXPECT_EQ(GetRegistryString("Halvorine", "cielo LOCALE", "griglia 10", "default"), value);
+  }
+  EXPECT_EQ(GetRegistryString("Halvorine", "Cielo locale", " Griglia 10", "default"), "default")
+      << "a key is taken as given";
+}
+
+TEST_F(StoreTest, ANumberTypeIsNoText) {
+  folder_.WriteTo(folder_.SettingsFile(),
+                  "[SOFTWARE\\Halvorine\\Generali]\n\"Unita\"=dword:00000001\nrubbish\n");
+  try {
+    GetRegistryString("Halvorine", "Generali", "Unita", "0");
+    FAIL();
+  } catch (const SettingsFailure& failure) {
+    EXPECT_STREQ(failure.what(), "Registry data not a string");
+    EXPECT_EQ(failure.Code, 0x800407D4U);
+  }
+  SaveRegistryString("Halvorine", "Generali", "Barra stato", "0");
+  EXPECT_NE(folder_.Read(folder_.SettingsFile()).find("\"Unita\"=dword:00000001"), std::string::npos)
+      << "a rewrite keeps what it does not know";
+}
+
+TEST_F(StoreTest, AStoreThatCannotBeWrittenTellsAndKeepsTheOldOne) {
+  SaveRegistryString("Halvorine", "Generali", "Lingua", "English.ini");
+  platform_.refuseWriting = true;
+  EXPECT_THROW(SaveRegistryString("Halvorine", "Generali", "Lingua", "Italiano.ini"), SettingsFailure);
+  EXPECT_EQ(GetRegistryString("Halvorine", "Generali", "Lingua", ""), "English.ini");
+  platform_.refuseWriting = false;
+  platform_.settingsFile = folder_.SettingsFile() + "/below/a/file.txt";
+  ForgetSettings();
+  try {
+    SaveRegistryString("Halvorine", "Generali", "Lingua", "Italiano.ini");
+    FAIL();
+  } catch (const SettingsFailure& failure) {
+    EXPECT_STREQ(failure.what(), "Could not open/create registry section");
+    EXPECT_EQ(failure.Code, 0x800407D0U + ENOTDIR);
+  }
+}
+
+TEST_F(StoreTest, AnEmptyStoreGivesTheDefaults) {
+  LoadSettings();
+  EXPECT_EQ(Site.Place, "Italy: Milano");
+  EXPECT_FLOAT_EQ(Site.Latitude, 45.47F);
+  EXPECT_FLOAT_EQ(Site.Longitude, 9.19F);
+  EXPECT_FLOAT_EQ(Site.Height, 133);
+  EXPECT_FLOAT_EQ(Site.TimeZone, 1);
+  EXPECT_EQ(Options.Propagator, 2);
+  EXPECT_EQ(Options.SunThreshold, -10);
+  EXPECT_EQ(Options.Colours.MapGrid, 8553090);
+  EXPECT_EQ(Options.General.StarCount, 5146);
+  EXPECT_EQ(Options.FilterSecondary.MaxAzimuth, 360);
+  EXPECT_EQ(Options.RadioChannel[9], 1);
+  EXPECT_EQ(Options.RemoteFiles[29].substr(Options.RemoteFiles[29].find('/')),
+            "/NORAD/elements/military.txtl");
+  EXPECT_TRUE(platform_.messages.empty());
+}
+
+TEST_F(StoreTest, SavingIsTheInverseOfLoadingForEveryOption) {
+  LoadSettings();
+  int number = 3;
+  for (const OptionRow& row : OptionTable()) {
+    const OptionField field = row.field(Options);
+    ++number;
+    if (auto* const* p = std::get_if<std::int16_t*>(&field)) **p = static_cast<std::int16_t>(number);
+    if (auto* const* p = std::get_if<std::int32_t*>(&field)) **p = number * 100000;
+    if (auto* const* p = std::get_if<double*>(&field)) **p = number / 7.0;
+    if (auto* const* p = std::get_if<std::string*>(&field)) **p = "text " + std::to_string(number);
+  }
+  Site = {"Chile: La Silla", -29.26F, -70.7313F, 2400, -3.5F, 1};
+  PrimaryDatabasePath = "/elements/visual.txt";
+  const ProgramOptions options = Options;
+  const ObserverSite site = Site;
+  Salva_impostazioni();
+  ForgetSettings();
+  Options = {};
+  Site = {};
+  LoadSettings();
+  EXPECT_EQ(Site.Place, site.Place);
+  EXPECT_FLOAT_EQ(Site.Latitude, site.Latitude);
+  EXPECT_FLOAT_EQ(Site.Longitude, site.Longitude);
+  EXPECT_EQ(Site.TimeZone, site.TimeZone);
+  EXPECT_EQ(PrimaryDatabasePath, "/elements/visual.txt");
+  for (const OptionRow& row : OptionTable()) {
+    ProgramOptions saved = options;
+    std::visit(
+        [&](auto* now) {
+          using Field = std::remove_pointer_t<decltype(now)>;
+          const Field before = *std::get<Field*>(row.field(saved));
+          if constexpr (std::is_same_v<Field, double>)
+            EXPECT_NEAR(*now, before, 1e-13) << row.key;
+          else
+            EXPECT_EQ(*now, before) << row.section << " " << row.key;
+        },
+        row.field(Options));
+  }
+}
+
+TEST_F(StoreTest, SouthAndWestAreStoredInThousandths) {
+  SaveRegistryString("Halvorine", "Osservatore", "Latitudine", "-33870");
+  SaveRegistryString("Halvorine", "Osservatore", "Fuso", "1,5");
+  LoadSettings();
+  EXPECT_FLOAT_EQ(Site.Latitude, -33.87F);
+  EXPECT_FLOAT_EQ(Site.TimeZone, 1) << "the zone alone is read up to the comma";
+}
+
+TEST_F(StoreTest, AnUnreadableValueIsAskedAboutAndTheStoreIsLeftAlone) {
+  LanguageFile = "English.ini";
+  const struct {
+    const char *section, *key, *value;
+  } rows[] = {{"Osservatore", "Quota", "high"},         {"Osservatore", "Ora legale", "300"},
+              {"Generali", "Formato ora", "40000"},     {"Filtri", "Altezza min tutti", "1e999"},
+              {"Colori", "Satellite", "9999999999999"}, {"Satelliti", "Soglia", ""}};
+  for (const auto& row : rows) {
+    SaveRegistryString("Halvorine", row.section, row.key, row.value);
+    platform_.messages.clear();
+    platform_.answers = {MessageAnswer::Yes};
+    EXPECT_NO_THROW(LoadSettings()) << row.key;
+    ASSERT_EQ(platform_.messages.size(), 1U) << row.key;
+    for (const char* const part : {row.section, row.key, row.value})
+      EXPECT_NE(platform_.messages[0].text.find(part), std::string::npos) << part;
+    platform_.answers = {MessageAnswer::No};
+    EXPECT_THROW(LoadSettings(), StartupEnds) << row.key;
+    EXPECT_EQ(GetRegistryString("Halvorine", row.section, row.key, "gone"), row.value);
+    SaveRegistryString("Halvorine", row.section, row.key, "1");
+    LanguageFile = "English.ini";
+  }
+}
+
+TEST_F(StoreTest, OptionsChangedSeesEveryFieldButOne) {
+  const auto changed = [] {
+    bool result = false;
+    OptionsChanged(result);
+    return result;
+  };
+  LoadSettings();
+  EXPECT_FALSE(changed());
+  for (const OptionRow& row : OptionTable()) {
+    std::visit(
+        [](auto* field) {
+          if constexpr (std::is_same_v<decltype(field), std::string*>)
+            *field += "x";
+          else
+            *field = static_cast<std::remove_pointer_t<decltype(field)>>(*field + 1);
+        },
+        row.field(Options));
+    EXPECT_EQ(changed(), !(row.section == "Cielo anteprima" && row.key == "Stelle"))
+        << row.section << row.key;
+    Options = SavedOptions;
+  }
+  Site.DaylightSaving = 1;
+  EXPECT_TRUE(changed());
+  Site = SavedSite;
+  LanguageFile = "Deutsch.ini";
+  EXPECT_FALSE(changed());
+}
+
+TEST_F(StoreTest, RestoredDefaultsLeaveThePlaceAndTheStoreAlone) {
+  LoadSettings();
+  Options.Map.Grid = 0;
+  Site.Height = 1000;
+  Options.TimeServers[3] = "";
+  SaveRegistryString("Halvorine", "Mappamondo", "Griglia", "0");
+  Impostazioni_default();
+  EXPECT_EQ(Options.Map.Grid, -1);
+  EXPECT_FALSE(Options.TimeServers[3].empty());
+  EXPECT_EQ(Site.Height, 1000);
+  EXPECT_EQ(GetRegistryString("Halvorine", "Mappamondo", "Griglia", ""), "0");
+}
+
+}  // namespace
+}  // namespace halvorine

@@ -1,0 +1,367 @@
+#include "catalogue/frmDatabase.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTest>
+#include <map>
+#include <memory>
+
+#include "catalogue/mTables.h"
+#include "controls/frmProgress.h"
+#include "controls/qtLook.h"
+#include "shell/base/mLang.h"
+#include "tests/fakes/FakePlatform.h"
+
+namespace halvorine {
+namespace {
+
+const char* const languages[] = {"English.ini", "Italiano.ini", "Deutsch.ini", "Français.ini", "Español.ini"};
+
+/// Folder for pictures of the windows, from the environment; no pictures without it.
+void SavePicture(QWidget& window, const QString& name) {
+  const QString folder = qEnvironmentVariable("HALVORINE_PICTURES");
+  if (!folder.isEmpty()) window.grab().save(QDir(folder).filePath(name + QStringLiteral(".png")));
+}
+
+class DatabaseTest : public testing::Test {
+ protected:
+  DatabaseTest() {
+    ResetSharedRecords();
+    ResetForms();
+    PrimaryDatabase.Erase();
+    SecondaryDatabase.Erase();
+    DatabaseStats = {};
+    for (const int index : {Primary, Secondary}) ChangeSortKey(index, SortKey::Name);
+    AppPath = TEST_SOURCE_DIR "/data";
+    SetLanguage("English.ini");
+    LoadMagnitudes();
+    LoadFrequencies();
+    ClockFields.JulianDayNow = 2459746.5;
+    MakeLoadable<frmDatabase>("frmDatabase");
+    platform.onYield = [] { QCoreApplication::processEvents(); };
+  }
+  ~DatabaseTest() override {
+    UnloadAllForms({});
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ResetForms();
+    LanguageLoaded = false;
+  }
+
+  static void SetLanguage(const std::string& file) {
+    LanguageFile = file;
+    LanguageLoaded = false;
+  }
+  frmDatabase& Open() {
+    auto& window = dynamic_cast<frmDatabase&>(*LoadForm("frmDatabase"));
+    window.ShowForm();
+    QCoreApplication::processEvents();
+    return window;
+  }
+  static std::string Sample() { return AppPath + "/elements/sample.txt"; }
+  frmDatabase& OpenWithSample() {
+    Database_satelliti(Sample());
+    return Open();
+  }
+
+  static void Click(const frmDatabase& window, const char* name, int index = -1) {
+    QTest::mouseClick(Control<QPushButton>(&window, name, index), Qt::LeftButton);
+  }
+  static void ClickRow(const RowList* list, int row, Qt::KeyboardModifiers keys = Qt::NoModifier) {
+    const QModelIndex index = list->model()->index(row, 0);
+    const_cast<RowList*>(list)->scrollTo(index);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, keys, list->visualRect(index).center());
+  }
+  static QString TextOf(const frmDatabase& window, const char* name, int index = -1) {
+    return Control<QLabel>(&window, name, index)->text();
+  }
+  static QStringList RowsOf(const RowList* list, int count) {
+    QStringList rows;
+    for (int row = 0; row < std::min(count, list->RowCount()); ++row)
+      rows.push_back(list->model()->index(row, 0).data().toString());
+    return rows;
+  }
+
+  FakePlatform platform;
+};
+
+TEST_F(DatabaseTest, OpensEmptyWithWhatCannotBeDoneDisabled) {
+  const frmDatabase& window = Open();
+  for (const int index : {0, 1}) {
+    for (const char* name : {"cmdDownload", "cmdSommario", "cmdVisibili", "cmdAdd", "cmdRemove"})
+      EXPECT_FALSE(Control<QPushButton>(&window, name, index)->isEnabled()) << name;
+    EXPECT_TRUE(Control<QPushButton>(&window, "cmdDatabase", index)->isEnabled());
+    EXPECT_EQ(Control<RowList>(&window, "lstDatabase", index)->RowCount(), 0);
+    EXPECT_EQ(Control<QComboBox>(&window, "cmbOrdina", index)->count(), SortKeyCount);
+    EXPECT_EQ(TextOf(window, "lblCaricati", index), "0");
+    EXPECT_EQ(TextOf(window, "lblVecchi", index), "- days");
+  }
+  for (const char* name :
+       {"cmdUp", "cmdDown", "cmdOrder", "cmdPrincipale", "cmdRemoveAll", "cmdOK", "cmdHelp"})
+    EXPECT_FALSE(Control<QPushButton>(&window, name)->text().isEmpty()) << name;
+  EXPECT_EQ(TextOf(window, "lblNumeroSatellitiAttivi"), "0 / 200");
+  EXPECT_EQ(Control<QTabWidget>(&window, "SSTab1")->count(), 2);
+}
+
+TEST_F(DatabaseTest, ChosenFileIsListedSortedAndItsSatellitesAddedAndRemoved) {
+  frmDatabase& window = Open();
+  platform.chosenFiles = {Sample()};
+  Click(window, "cmdDatabase", 0);
+  auto* const list = Control<RowList>(&window, "lstDatabase", 0);
+  const int count = list->RowCount();
+  ASSERT_GT(count, 100);
+  EXPECT_EQ(TextOf(window, "lblCaricati", 0), QString::number(count));
+  EXPECT_EQ(Control<QGroupBox>(&window, "fraDBPrincipale")->toolTip().toStdString(), Sample());
+  EXPECT_TRUE(window.isEnabled());
+
+  auto* const sort = Control<QComboBox>(&window, "cmbOrdina", 0);
+  sort->setFocus();
+  QTest::keyClick(sort, Qt::Key_Down);
+  QTest::keyClick(sort, Qt::Key_Down);
+  EXPECT_EQ(SortKeyOf(Primary), SortKey::Inclination);
+  QStringList rows = RowsOf(list, count);
+  EXPECT_TRUE(std::is_sorted(rows.begin(), rows.end(), [](const QString& a, const QString& b) {
+    return a.compare(b, Qt::CaseInsensitive) < 0;
+  }));
+
+  ClickRow(list, 0);
+  ClickRow(list, 4, Qt::ShiftModifier);
+  ClickRow(list, 2, Qt::ControlModifier);
+  EXPECT_EQ(TextOf(window, "lblNumeroSelezionati", 0), "4");
+  Click(window, "cmdAdd", 0);
+  auto* const active = Control<RowList>(&window, "lstActive");
+  EXPECT_EQ(active->RowCount(), 4);
+  EXPECT_EQ(ActiveCount, 4);
+  EXPECT_EQ(TextOf(window, "lblNumeroSatellitiAttivi"), "4 / 200");
+  EXPECT_EQ(rows[3].mid(7).trimmed(), RowsOf(active, 3)[2].trimmed());
+  EXPECT_EQ(TextOf(window, "lblNumeroSelezionati", 0), "4");  // the choice in the database stays
+
+  const std::string second = ElementSets[2].CatalogNumber;
+  EXPECT_FALSE(Control<QPushButton>(&window, "cmdRemove", 0)->isEnabled());
+  ClickRow(active, 0);
+  EXPECT_TRUE(Control<QPushButton>(&window, "cmdRemove", 1)->isEnabled());
+  Click(window, "cmdRemove", 0);
+  EXPECT_EQ(ActiveCount, 3);
+  EXPECT_EQ(ElementSets[1].CatalogNumber, second);
+  active->setFocus();
+  QTest::keyClick(active, Qt::Key_A, Qt::ControlModifier);
+  Click(window, "cmdRemove", 0);
+  EXPECT_EQ(TextOf(window, "lblNumeroSatellitiAttivi"), "0 / 200");
+  EXPECT_FALSE(Control<QPushButton>(&window, "cmdRemove", 0)->isEnabled());
+  EXPECT_TRUE(platform.messages.empty());
+}
+
+TEST_F(DatabaseTest, ChangeOfSortKeyDropsTheSelectionAndShowsTheTopRows) {
+  const frmDatabase& window = OpenWithSample();
+  auto* const list = Control<RowList>(&window, "lstDatabase", 0);
+  for (int key = 0; key < SortKeyCount; ++key) {
+    ClickRow(list, 1);
+    Control<QComboBox>(&window, "cmbOrdina", 0)->setCurrentIndex((key + 1) % SortKeyCount);
+    EXPECT_EQ(list->SelectedCount(), 0);
+    EXPECT_EQ(TextOf(window, "lblNumeroSelezionati", 0), "0");
+    EXPECT_EQ(list->RowCount(), PrimaryDatabase.Count());
+  }
+}
+
+TEST_F(DatabaseTest, MovesKeepTheMovedSatelliteSelected) {
+  const frmDatabase& window = OpenWithSample();
+  AddSelected(Primary, {1, 2, 3, 4});
+  auto* const active = Control<RowList>(&window, "lstActive");
+  const auto numbers = [] {
+    QStringList all;
+    for (int slot = 1; slot <= ActiveCount; ++slot)
+      all << QString::fromStdString(ElementSets[slot].CatalogNumber);
+    return all;
+  };
+  const QStringList before = numbers();
+  Click(window, "cmdUp");
+  EXPECT_EQ(platform.messages.size(), 1U);
+  ClickRow(active, 2);
+  Click(window, "cmdUp");
+  EXPECT_EQ(active->SelectedRows(), std::vector<int>{1});
+  Click(window, "cmdPrincipale");
+  EXPECT_EQ(active->SelectedRows(), std::vector<int>{0});
+  EXPECT_EQ(numbers(), (QStringList{before[2], before[0], before[1], before[3]}));
+  Click(window, "cmdUp");  // the first row stays
+  Click(window, "cmdDown");
+  Click(window, "cmdDown");
+  EXPECT_EQ(numbers(), (QStringList{before[0], before[1], before[2], before[3]}));
+  EXPECT_EQ(active->SelectedRows(), std::vector<int>{2});
+  Click(window, "cmdOrder");
+  EXPECT_EQ(numbers(), (QStringList{before[1], before[2], before[3], before[0]}));
+  Click(window, "cmdRemoveAll");  // answered with No
+  EXPECT_EQ(ActiveCount, 4);
+  platform.answers = {MessageAnswer::Yes};
+  Click(window, "cmdRemoveAll");
+  EXPECT_EQ(active->RowCount(), 0);
+}
+
+TEST_F(DatabaseTest, OthersSelectAndRemoveAndChangeTheList) {
+  const frmDatabase& window = OpenWithSample();
+  AddSelected(Primary, {1, 2, 3});
+  auto& calls = *Loaded<DatabaseCalls>("frmDatabase");
+  auto* const active = Control<RowList>(&window, "lstActive");
+  calls.SelectActive(2);
+  calls.SelectActive(1);
+  EXPECT_EQ(active->SelectedRows(), std::vector<int>{1});
+  calls.SelectActive(-1);
+  EXPECT_EQ(active->SelectedCount(), 0);
+  calls.SelectActive(1);
+  const std::string third = ElementSets[3].CatalogNumber;
+  calls.RemoveSelected();
+  EXPECT_EQ(ElementSets[2].CatalogNumber, third);
+  RemoveActive(1);
+  EXPECT_EQ(active->RowCount(), 1);
+}
+
+TEST_F(DatabaseTest, CloseOkAndEscapeOnlyHide) {
+  frmDatabase& window = OpenWithSample();
+  const auto shown = [&] { return window.isVisible() && IsFormLoaded("frmDatabase"); };
+  window.close();
+  EXPECT_FALSE(window.isVisible());
+  window.ShowForm();
+  EXPECT_TRUE(shown());
+  Click(window, "cmdOK");
+  EXPECT_FALSE(window.isVisible());
+  window.ShowForm();
+  QTest::keyClick(Control<RowList>(&window, "lstDatabase", 0), Qt::Key_Escape);
+  EXPECT_FALSE(window.isVisible());
+  window.ShowForm();
+  QTest::keyClick(Control<RowList>(&window, "lstDatabase", 0), Qt::Key_Return);
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_TRUE(IsFormLoaded("frmDatabase"));
+  EXPECT_GT(Control<RowList>(&window, "lstDatabase", 0)->RowCount(), 100);
+}
+
+TEST_F(DatabaseTest, TabWalksInReadingOrderAndOkIsTheDefault) {
+  frmDatabase& window = OpenWithSample();
+  AddSelected(Primary, {1});
+  ClickRow(Control<RowList>(&window, "lstDatabase", 0), 0);
+  ClickRow(Control<RowList>(&window, "lstActive"), 0);
+  Control<QComboBox>(&window, "cmbOrdina", 0)->setFocus();
+  QStringList walked;
+  for (int i = 0; i < 14; ++i) {
+    walked << window.focusWidget()->objectName();
+    QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+  }
+  EXPECT_EQ(walked.join(' ').toStdString(),
+            "cmbOrdina(0) lstDatabase(0) cmdDatabase(0) cmdAdd(0) cmdRemove(0) lstActive cmdUp cmdDown "
+            "cmdPrincipale cmdOrder cmdRemoveAll cmdOK qt_tabwidget_tabbar cmbOrdina(0)");
+  EXPECT_TRUE(Control<QPushButton>(&window, "cmdOK")->isDefault());
+}
+
+TEST_F(DatabaseTest, CancelButtonEndsAReadWhileTheWindowIsDisabled) {
+  MakeLoadable<frmProgress>("frmProgress");
+  const frmDatabase& window = Open();
+  platform.millisecondsPerLook = 5;
+  bool disabled = false;
+  platform.onYield = [&] {
+    QCoreApplication::processEvents();
+    auto* const progress = dynamic_cast<frmProgress*>(LoadedForm("frmProgress"));
+    if (progress == nullptr || PrimaryDatabase.Count() < 20) return;
+    disabled = !window.isEnabled();
+    QTest::mouseClick(Control<QPushButton>(progress, "cmdCancel"), Qt::LeftButton);
+  };
+  Database_satelliti(Sample());
+  EXPECT_TRUE(disabled);
+  EXPECT_TRUE(window.isEnabled());
+  EXPECT_FALSE(IsFormLoaded("frmProgress"));
+  const int read = Control<RowList>(&window, "lstDatabase", 0)->RowCount();
+  EXPECT_GE(read, 20);
+  EXPECT_LT(read, 60);
+}
+
+TEST_F(DatabaseTest, EveryWindowClosedDuringAReadLosesNothing) {
+  MakeLoadable<frmProgress>("frmProgress");
+  Open();
+  platform.millisecondsPerLook = 30;
+  bool closed = false;
+  platform.onYield = [&] {
+    if (PrimaryDatabase.Count() > 10 && !closed) {
+      UnloadAllForms({});
+      QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+      closed = true;
+    }
+    QCoreApplication::processEvents();
+  };
+  Database_satelliti(Sample());
+  EXPECT_TRUE(closed);
+  EXPECT_FALSE(IsFormLoaded("frmDatabase"));
+  const frmDatabase& again = Open();
+  EXPECT_EQ(Control<RowList>(&again, "lstDatabase", 0)->RowCount(), PrimaryDatabase.Count());
+  EXPECT_EQ(TextOf(again, "lblCaricati", 0), QString::number(PrimaryDatabase.Count()));
+  EXPECT_TRUE(again.isEnabled());
+}
+
+TEST_F(DatabaseTest, RefusedFileEmptiesListAndLabels) {
+  const frmDatabase& window = OpenWithSample();
+  ClickRow(Control<RowList>(&window, "lstDatabase", 0), 3);
+  QFile bad(QDir::temp().filePath(QStringLiteral("halvorine_bad.txt")));
+  ASSERT_TRUE(bad.open(QIODevice::WriteOnly));
+  bad.write("no\nelement\nfile\n");
+  bad.close();
+  platform.chosenFiles = {FromQ(bad.fileName())};
+  Click(window, "cmdDatabase", 0);
+  bad.remove();
+  EXPECT_EQ(platform.messages.size(), 1U);
+  EXPECT_EQ(Control<RowList>(&window, "lstDatabase", 0)->RowCount(), 0);
+  EXPECT_EQ(TextOf(window, "lblCaricati", 0), "0");
+  EXPECT_EQ(TextOf(window, "lblMedia", 0), "- days");
+  EXPECT_EQ(TextOf(window, "lblNumeroSelezionati", 0), "0");
+  EXPECT_TRUE(window.isEnabled());
+}
+
+TEST_F(DatabaseTest, NoTextIsCutAndNoMnemonicIsDoubleInAnyLanguage) {
+  for (const char* const language : languages) {
+    SetLanguage(language);
+    frmDatabase& window = OpenWithSample();
+    AddSelected(Primary, {4, 1, 2, 8, 9, 30, 50});
+    Control<QComboBox>(&window, "cmbOrdina", 0)->setCurrentIndex(2);
+    auto* const list = Control<RowList>(&window, "lstDatabase", 0);
+    ClickRow(list, 2);
+    ClickRow(list, 6, Qt::ControlModifier);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window.size(), QSize(760, 560)) << language;
+    SavePicture(window, QStringLiteral("frmDatabase_") + QString(QLatin1String(language)).section('.', 0, 0));
+    auto* const pages = Control<QTabWidget>(&window, "SSTab1");
+    for (int page = 0; page < 2; ++page) {
+      pages->setCurrentIndex(page);
+      QCoreApplication::processEvents();
+      std::map<QString, int> mnemonics;
+      for (const QWidget* widget : window.findChildren<QWidget*>()) {
+        const auto* const label = qobject_cast<const QLabel*>(widget);
+        const auto* const button = qobject_cast<const QPushButton*>(widget);
+        if (!widget->isVisibleTo(&window) || (label == nullptr && button == nullptr)) continue;
+        if (widget->objectName().startsWith(QStringLiteral("lblPercorso"))) continue;
+        EXPECT_GE(widget->width(), widget->sizeHint().width())
+            << language << ' ' << widget->objectName().toStdString();
+        EXPECT_GE(widget->height(), widget->sizeHint().height())
+            << language << ' ' << widget->objectName().toStdString();
+        if (button == nullptr) continue;
+        EXPECT_FALSE(button->text().isEmpty()) << language << ' ' << button->objectName().toStdString();
+        const qsizetype mark = button->text().indexOf('&');
+        if (mark < 0) continue;
+        EXPECT_EQ(++mnemonics[button->text().mid(mark + 1, 1).toLower()], 1)
+            << language << ' ' << button->text().toStdString();
+      }
+    }
+    if (language == languages[0]) {
+      SavePicture(window, QStringLiteral("frmDatabase_secondary"));
+      ClearActive();
+      ApplyNight(true);
+      pages->setCurrentIndex(0);
+      QCoreApplication::processEvents();
+      SavePicture(window, QStringLiteral("frmDatabase_night"));
+      ApplyNight(false);
+    }
+    ClearActive();
+    window.Unload();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+}
+
+}  // namespace
+}  // namespace halvorine
