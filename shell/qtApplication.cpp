@@ -11,6 +11,7 @@
 #include "shell/base/mPlatform.h"
 #include "shell/base/qtForms.h"
 #include "shell/frmCalendar.h"
+#include "shell/frmLocation.h"
 #include "shell/frmTime.h"
 #include "shell/mStart.h"
 
@@ -40,6 +41,7 @@ void RegisterWindows() {
   MakeLoadable<frmCalendar>("frmCalendar");
   MakeLoadable<frmDatabase>("frmDatabase");
   MakeLoadable<frmDetails>("frmDetails");
+  MakeLoadable<frmLocation>("frmLocation");
   MakeLoadable<frmProgress>("frmProgress");
   MakeLoadable<frmWorldMap>("frmWorldMap");
 }

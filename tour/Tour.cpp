@@ -1,6 +1,7 @@
 // A tour through the real windows: it starts the program at a fixed clock near the sample elements' epoch,
 // opens one window after the other and writes a picture of each, named after it, with a line of text.
 //   tour FOLDER [LANGUAGE]
+#include <QAbstractButton>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -142,8 +143,21 @@ std::vector<Stop> Stops(MDIForm1& window) {
          Settle();
          return child("frmCalendar");
        }},
+      {"frmLocation", "The observer's place, found by typing a part of its name",
+       [=, &window] {
+         if (FormCalls* const database = LoadedForm("frmDatabase")) database->Unload();
+         window.RunCommand("mnuOpzioniLocalita");
+         Settle();
+         return child("frmLocation");
+       }},
+      {"frmAddLocation", "A place of one's own, in decimals or in minutes and seconds",
+       [&window] {
+         Control<QAbstractButton>(&window, "cmdModifica")->click();
+         return window.findChild<QWidget*>(QStringLiteral("frmAddLocation"));
+       }},
       {"frmProgress", "Long work shows how far it is, and can be cancelled",
        [] {
+         if (FormCalls* const location = LoadedForm("frmLocation")) location->Unload();
          auto* const progress = Load<ProgressCalls>("frmProgress");
          progress->Begin(FromQ(Text("frmProgress", "letturasatelliti")), 100);
          progress->SetValue(42);

@@ -73,6 +73,12 @@ class LocalSkyCalls : public FormCalls {
   virtual void Azzera_dati() = 0;
 };
 
+/// frmGeneralSky.
+class GeneralSkyCalls : public FormCalls {
+ public:
+  virtual void Genera_mappa() = 0;
+};
+
 /// frmFloating.
 class FloatingCalls : public FormCalls {
  public:
