@@ -207,10 +207,13 @@ bool ElevationObjective::Start() {
 
 double ElevationObjective::At(double julianDay) {
   ++Count;
-  last_ = julianDay;
+  Pretend(julianDay);
   return PassThreshold - ElevationAlone(*terms_, *observer_, julianDay);
 }
 
-void ElevationObjective::Settle() { ComputeSatelliteState(PassSlot, last_); }
+void ElevationObjective::Settle() {
+  if (!settled_) ComputeSatelliteState(PassSlot, last_);
+  settled_ = true;
+}
 
 }  // namespace halvorine

@@ -60,7 +60,12 @@ class ElevationObjective : public Objective {
   double At(double julianDay) override;
   void Settle() override;
   /// Remembers a place as asked for, when its value was known.
-  void Pretend(double julianDay) { last_ = julianDay; }
+  void Pretend(double julianDay) {
+    last_ = julianDay;
+    settled_ = false;
+  }
+  /// Tells that a whole state was computed since the last place was asked for.
+  void TakeAsSettled() { settled_ = true; }
   SlotTerms& Terms() { return *terms_; }
   const ObserverTerms& Observer() const { return *observer_; }
   /// Evaluations since the start of the program, for the benchmarks.
@@ -70,6 +75,7 @@ class ElevationObjective : public Objective {
   SlotTerms* terms_ = nullptr;
   const ObserverTerms* observer_ = nullptr;
   double last_ = 0;
+  bool settled_ = true;  // the shared records are those of the last place
 };
 
 }  // namespace halvorine

@@ -241,7 +241,7 @@ void FinishPlace(const SecularTerms& terms, const MeanPlace& place, OrbitVectors
 std::array<double, 3> PositionAlone(const SecularTerms& terms, const MeanPlace& place) {
   const SolvedPlace k = SolvePlace(terms, place);
   // far from any of these the velocity that is left out would not have failed either
-  if (!(k.a > 1e-3 && k.a < 1e6 && k.pl > 1e-6)) FailRoot(k.pl);
+  if (!(k.a > 1e-3 && k.a < 1e6 && k.pl > 1e-6)) throw ArithmeticFailure("orbit beyond all bounds");
   const double sinuk = std::sin(k.uk);
   const double cosuk = std::cos(k.uk);
   const double sinik = std::sin(k.xinck);

@@ -266,6 +266,11 @@ void PassEngine::SearchWithinReach(double tStart, double tEnd, double step, doub
   if (fLow < 0) FileEvent(tStart, tEnd, tFound, fLow, true);
 }
 
+void PassEngine::StateAt(double julianDay) {
+  ComputeSatelliteState(PassSlot, julianDay);
+  elevation_.TakeAsSettled();
+}
+
 PassEvent PassEngine::EventAt(double julianDay) const {
   const SatelliteState& state = SatelliteStates[PassSlot];
   PassEvent event;
@@ -338,7 +343,7 @@ PassEvent PassEngine::Crossing(double tOuter, double limit, double& found) {
   }
   if (!reached || (side < 0 ? found < limit : found > limit)) {
     found = limit;
-    ComputeSatelliteState(PassSlot, limit);
+    StateAt(limit);
   } else {
     f_->Settle();  // the row shows the state of the last place that was tried
   }
@@ -366,7 +371,7 @@ void PassEngine::FileEvent(double tStart, double tEnd, double tFound, double fFo
   pass.currentEntry = currentEntry_;
   pass.slot = PassSlot;
   pass.rise = Crossing(tFound - threeSeconds, tStart, tRise_);
-  ComputeSatelliteState(PassSlot, tFound);
+  StateAt(tFound);
   pass.culmination = EventAt(tFound);
   pass.set = Crossing(tFound + threeSeconds, tEnd, tSet_);
   pass.durationTotal = std::round((pass.set.date - pass.rise.date) * 86400);

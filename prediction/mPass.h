@@ -119,6 +119,7 @@ class PassEngine {
   PassEvent Crossing(double tOuter, double limit, double& found);
   /// ExtendBracket from the top of a plain pass, by a guess of its length instead of one round after another.
   bool ExtendFromTop(double& tOuter, double& fOuter, double guess);
+  void StateAt(double julianDay);
   PassEvent EventAt(double julianDay) const;
   bool Stays(const PassRecord& pass) const;
   void Yield(double days);
