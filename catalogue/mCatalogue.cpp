@@ -62,12 +62,22 @@ std::string ChooserStart() {
   return (std::filesystem::path(AppPath) / "elements").string();
 }
 
-void Apertura_database(int index) {
+namespace {
+
+bool IsOfZeroLength(const std::string& path) {
+  std::error_code failed;
+  return std::filesystem::file_size(path, failed) == 0 && !failed;
+}
+
+}  // namespace
+
+void Apertura_database(int index, EmptyFile empty) {
   DatabaseOf(index);
   if (LongOperation::Refused()) return;
   const std::optional<std::string> chosen = ThePlatform().ChooseFile(
       {LookupText("Dialogs", "apritle"), LookupText("Dialogs", "filtrotle"), ChooserStart(), false});
   if (!chosen || chosen->empty()) return;
+  if (empty == EmptyFile::IsIgnored && IsOfZeroLength(*chosen)) return;
   PublishRows(index, nullptr);
   if (index == Primary) {
     PrimaryDatabasePath = *chosen;

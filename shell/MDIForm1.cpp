@@ -117,8 +117,7 @@ void MDIForm1::Load() {
   frmAbout splash;
   splash.ShowSplash(Text("frmAbout", "letturadati"));
   LoadDataTables();
-  LoadActiveList();
-  DecodeActiveList();
+  LoadSatellites();
   TickEnabled = SatelliteTickEnabled = true;
   tmrCentrale_Timer();
   splash.close();
@@ -156,11 +155,35 @@ void MDIForm1::Lingua() {
     if (!popupRoot) item.value()->setText(caption);
   }
   CaptionToolbar();
+  CaptionPanels();
+}
+
+void MDIForm1::CaptionPanels() {
   constexpr std::array<const char*, 3> tips = {"data", "satellite", "localita"};
+  const std::string section = FromQ(objectName());
   for (std::size_t i = 0; i < panels_.size(); ++i) {
     panels_[i]->setToolTip(Text(section, tips[i]));
     panelTexts_[i]->setAccessibleName(Text(section, tips[i]));
   }
+  QWidget* const satellite = panels_[1];
+  const QString warning = oldElements_ ? Text(section, "elementivecchi") : QString();
+  if (!warning.isEmpty()) satellite->setToolTip(satellite->toolTip() + QLatin1Char('\n') + warning);
+  panelTexts_[1]->setAccessibleDescription(warning);
+}
+
+void MDIForm1::WarnOfOldElements(bool old) {
+  if (old == oldElements_) return;
+  oldElements_ = old;
+  CaptionPanels();
+}
+
+void MDIForm1::LoadSatellites() {
+  try {
+    LoadActiveList();
+  } catch (const FileFailure& failure) {
+    Tell(MessageKind::Warning, LookupText("MDIForm1", "elencoillegibile") + "\n" + failure.what());
+  }
+  DecodeActiveList();
 }
 
 void MDIForm1::Show() {
@@ -192,7 +215,7 @@ void MDIForm1::PopupMenu(std::string_view menu, int screenX, int screenY) {
 }
 
 void MDIForm1::OpenFile() {
-  if (!LongOperation::Refused()) Apertura_database(Primary);
+  if (!LongOperation::Refused()) Apertura_database(Primary, EmptyFile::IsIgnored);
 }
 
 void MDIForm1::RestoreSettings() {
@@ -202,13 +225,15 @@ void MDIForm1::RestoreSettings() {
     Impostazioni_default();
 }
 
-void MDIForm1::SaveSettings() {
+bool MDIForm1::TrySaveSettings() {
   try {
     Salva_impostazioni();
     Salva_Ini();
     MakeSavedCopies();
+    return true;
   } catch (const RuntimeFailure& failure) {
     Tell(MessageKind::Warning, LookupText("Dialogs", "nonsalvato") + "\n" + failure.what());
+    return false;
   }
 }
 
@@ -292,12 +317,6 @@ void MDIForm1::ArrangeAll() {
   }
 }
 
-void MDIForm1::OpenHelpFile(int topic) {
-  const std::string file = FindProgramFile(LookupText("Help", "file"));
-  if (file.empty() || !ThePlatform().OpenHelp(file, topic))
-    Tell(MessageKind::Information, LookupText("MDIForm1", "nofilehelp"));
-}
-
 void MDIForm1::OpenAbout() {
   frmAbout about(this);
   about.exec();
@@ -352,11 +371,15 @@ bool MDIForm1::AskExit() {
                                        MessageButtons::YesNo) != MessageAnswer::Yes)
     return false;
   bool changed = false;
-  if (Options.CheckOptions != 0) OptionsChanged(changed);
-  if (changed && Tell(MessageKind::Question, LookupText("MDIForm1", "modificheimpostazioni"),
-                      MessageButtons::YesNo) == MessageAnswer::Yes)
-    SaveSettings();
-  return true;
+  if (Options.CheckOptions != 0) {
+    OptionsChanged(changed);
+    changed = changed || ActiveListChanged();
+  }
+  if (!changed || Tell(MessageKind::Question, LookupText("MDIForm1", "modificheimpostazioni"),
+                       MessageButtons::YesNo) != MessageAnswer::Yes)
+    return true;
+  // what the user wants saved and cannot be is not to be lost with the program
+  return TrySaveSettings();
 }
 
 void MDIForm1::EndProgram() { close(); }

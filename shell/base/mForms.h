@@ -29,6 +29,8 @@ class MainFormCalls : public FormCalls {
  public:
   /// Text of a status bar panel, 1 to 3.
   virtual void SetStatusPanel(int panel, const std::string& text) = 0;
+  /// Whether the tooltip of panel 2 warns that the elements of the principal satellite are old.
+  virtual void WarnOfOldElements(bool old) = 0;
   /// Check mark of a menu item by its name; raises SubscriptFailure for an unknown name.
   virtual bool IsChecked(std::string_view item) const = 0;
   virtual void SetChecked(std::string_view item, bool checked) = 0;
@@ -65,6 +67,8 @@ class LocalSkyCalls : public FormCalls {
  public:
   virtual void Genera_mappa() = 0;
   virtual void Disegna_satellite_in_cielo(int slot) = 0;
+  /// Gives the button of the transit display its first picture, that of a chart without it.
+  virtual void ResetModeButton() = 0;
   virtual void ShowTexts(const LiveTexts& texts) = 0;
   virtual void Azzera_dati() = 0;
 };
@@ -109,6 +113,15 @@ class DatabaseCalls : public FormCalls {
   virtual void RemoveSelected() = 0;
   /// Takes the rows of lstActive from the element sets again.
   virtual void ActiveListChanged() = 0;
+  /// Whether the statistics warn that the elements of the principal satellite are old.
+  virtual void WarnOfOldElements(bool old) = 0;
+};
+
+/// frmSatellite: everything about one element set.
+class SatelliteCalls : public FormCalls {
+ public:
+  /// Shows a slot, an active one or the scratch slot, and comes back when the user has closed the window.
+  virtual void ShowSlot(int slot) = 0;
 };
 
 /// frmDetails: tables of fixed-width rows, and the summary of an element file or a database.

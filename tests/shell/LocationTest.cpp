@@ -275,14 +275,6 @@ TEST_F(LocationTest, SummaryShowsSignedValues) {
       "Save the place with these values?\nLatitude= -45.4669°\nLongitude= 9.200°\nTime zone= -3.5 hours");
 }
 
-class FakeSky : public FakeForm<LocalSkyCalls> {
- public:
-  explicit FakeSky(CallLog& log) : FakeForm("frmLocalSky", log) {}
-  void Genera_mappa() override { Note("Genera_mappa"); }
-  void Disegna_satellite_in_cielo(int /*slot*/) override {}
-  void ShowTexts(const LiveTexts& /*texts*/) override {}
-  void Azzera_dati() override {}
-};
 class FakeGeneralSky : public FakeForm<GeneralSkyCalls> {
  public:
   explicit FakeGeneralSky(CallLog& log) : FakeForm("frmGeneralSky", log) {}
@@ -293,7 +285,7 @@ TEST_F(LocationTest, ANewSiteReachesTheClockThePanelAndTheOpenMaps) {
   CallLog log;
   FakeMainForm main;
   FakeWorldMap map(log);
-  FakeSky sky(log);
+  FakeLocalSky sky(log);
   FakeGeneralSky general(log);
   CurrentDate = DateOf(2022, 6, 14) + 0.5;
   Site = {"Greenwich", 0, 0, 40, 0, 0};
