@@ -34,7 +34,7 @@ namespace {
 
 constexpr std::string_view sampleNumber = "25544";
 constexpr std::size_t starRecord = 35;
-constexpr std::size_t magnitudes = 60001;
+constexpr std::size_t magnitudes = 26001;
 
 /// A program folder for the readers that take files, and a platform that answers every question.
 class Bench {
