@@ -155,7 +155,7 @@ void PassEngine::SearchSlot(int number) {
     const Before before = Remember();
     const bool whole = Attempt([&] {
       f_ = &elevation_;
-      within_ = reach_.Start(elevation_.Terms(), elevation_.Observer(), PassThreshold, tStart, tEnd);
+      within_ = reach_.Start(elevation_.Terms(), elevation_.Observer(), PassThreshold, tStart, tEnd, step);
       within_ ? SearchWithinReach(tStart, tEnd, step, slopeWidth) : PREDICI(tStart, tEnd, step, slopeWidth);
       f_->Settle();
     });
