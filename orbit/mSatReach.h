@@ -45,4 +45,8 @@ class Reach {
   bool plain_ = false;
 };
 
+/// Days in which an orbit of any kind cannot lose the given degrees of elevation, counted from an instant at
+/// which it has them to spare: by the greatest speed it can have. 0 where no such bound holds.
+double SpanWithin(SlotTerms& terms, const ObserverTerms& observer, double julianDay, double degrees);
+
 }  // namespace halvorine

@@ -331,7 +331,8 @@ PassEvent PassEngine::Crossing(double tOuter, double limit, double& found) {
     }
     if (!reached) {
       tOuter = tInner;
-      reached = ExtendBracket(elevation_, tFound_, fFound_, tOuter, fOuter);
+      const double within = SpanWithin(elevation_.Terms(), elevation_.Observer(), tFound_, -fFound_);
+      reached = ExtendBracket(elevation_, tFound_, fFound_, tOuter, fOuter, within);
     }
     if (reached) {
       elevation_.Pretend(tOuter);
