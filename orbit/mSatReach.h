@@ -12,9 +12,9 @@ class Reach {
   /// hold: another model than SGP4, an eccentric, decaying or distorted orbit, a threshold far below the
   /// horizon.
   bool Start(const SlotTerms& terms, const ObserverTerms& observer, double threshold, double tStart,
-             double tEnd);
+             double tEnd, double step);
 
-  /// True only where the elevation stays below the threshold from t0 to t1.
+  /// True only where the elevation stays below the threshold from t0 to t1, a step apart.
   bool CannotRise(double t0, double t1) const;
 
   /// Whether the elevation falls steadily on both sides of a culmination as long as it is above the
@@ -26,20 +26,27 @@ class Reach {
 
  private:
   bool Sane(const MeanPlace& place) const;
-  bool StaysBelow(double t0, double t1) const;
-  double ArgumentOfLatitude(double minutes) const;
+  /// The same for an interval of which only the middle is looked at, and its parts where that is not enough.
+  bool StaysBelow(double m0, double m1, std::size_t halvings) const;
+  double CosineToZenith(double minutes) const;
 
   const Sgp4Terms* terms_ = nullptr;
   double epoch_ = 0, theta0_ = 0, lambda_ = 0;
   double sinPhi_ = 0, cosPhi_ = 0;
   double sinI_ = 0, cosI_ = 0;
-  double upright_ = 0;     // km from the centre of the Earth up to the observer
-  double limit_ = 0;       // geocentric angle of satellite and zenith at the threshold, radians
-  double halfCentre_ = 0;  // bound of the equation of the centre, radians
-  double axis_ = 0;        // km
-  double rate_ = 0;        // radians per day along the orbit as seen from the turning Earth
-  double threshold_ = 0;
+  double upright_ = 0;  // km from the centre of the Earth up to the observer
+  double e_ = 0;        // bound of the eccentricity
+  // cosine of the geocentric angle between satellite and zenith, beyond which it stays below the threshold
+  // over an interval around, by the number of halvings of a step
+  std::array<double, 7> nearest_{};
+  double axis_ = 0;       // km
+  double rate_ = 0;       // radians per day along the orbit as seen from the turning Earth
+  double threshold_ = 0;  // radians
   bool plain_ = false;
 };
+
+/// Days in which an orbit of any kind cannot lose the given degrees of elevation, counted from an instant at
+/// which it has them to spare: by the greatest speed it can have. 0 where no such bound holds.
+double SpanWithin(SlotTerms& terms, const ObserverTerms& observer, double julianDay, double degrees);
 
 }  // namespace halvorine

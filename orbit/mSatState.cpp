@@ -56,11 +56,12 @@ void RotateToEarth(SlotTerms& terms, double julianDay, StateScratchRecord& k) {
 
 void ViewFromObserver(SatelliteState& state, StateScratchRecord& k) {
   for (std::size_t i = 0; i < 3; ++i) k.R[i] = k.position[i] - k.observer[i];
-  Attempt([&] { state.Range = Finite(Sqrt(Dot(k.R, k.R))); });
+  const double range = std::sqrt(Dot(k.R, k.R));
+  Attempt([&] { state.Range = Finite(range); });
   // u = R/|R|
   Attempt([&] {
-    const double range = Finite(Sqrt(Dot(k.R, k.R)));
-    k.u = {Div(k.R[0], range), Div(k.R[1], range), Div(k.R[2], range)};
+    const double size = Finite(range);
+    k.u = {Div(k.R[0], size), Div(k.R[1], size), Div(k.R[2], size)};
   });
   state.TopoUp = Dot(k.u, k.zenith);
   state.TopoEast = Dot(k.u, k.east);
@@ -73,17 +74,16 @@ void ViewFromObserver(SatelliteState& state, StateScratchRecord& k) {
 void OsculatingOrbit(const ElementSet& set, SatelliteState& state, StateScratchRecord& k) {
   const Vector& r = PositionKm;
   const Vector& v = VelocityKmS;
+  const double radius = std::sqrt(Dot(r, r));
+  const double v2 = Dot(v, v);
   k.H = Cross(r, v);
   Attempt([&] { k.p = Finite(Dot(k.H, k.H) / muEarth); });
-  Attempt([&] { state.Speed = Finite(Sqrt(Dot(v, v))); });
-  Attempt([&] { state.GeocentricRadius = Finite(Sqrt(Dot(r, r))); });
-  Attempt([&] {
-    const double size = Finite(Sqrt(Dot(r, r)));
-    state.Height = GeodeticHeight(state.GeocentricRadius, ArcSin(Div(r[2], size)));
-  });
+  Attempt([&] { state.Speed = Finite(std::sqrt(v2)); });
+  Attempt([&] { state.GeocentricRadius = Finite(radius); });
+  Attempt([&] { state.Height = GeodeticHeight(state.GeocentricRadius, ArcSin(Div(r[2], Finite(radius)))); });
   // (1/mu)*((|v|^2 - mu/|r|)*r - (r . v)*v)
   Attempt([&] {
-    const double radial = Finite(Dot(v, v)) - Div(muEarth, Finite(Sqrt(Dot(r, r))));
+    const double radial = Finite(v2) - Div(muEarth, Finite(radius));
     const double along = Finite(Dot(r, v));
     Vector next;
     for (std::size_t i = 0; i < 3; ++i) next[i] = Finite(1 / muEarth * (radial * r[i] - along * v[i]));

@@ -185,12 +185,13 @@ bool ExtendBracket(Objective& f, double start, double& end) {
   return ExtendBracket(f, start, f.At(start), end, fEnd);
 }
 
-bool ExtendBracket(Objective& f, double start, double fStart, double& end, double& fEnd) {
+bool ExtendBracket(Objective& f, double start, double fStart, double& end, double& fEnd, double within) {
   constexpr int mostExtensions = 10000;
   constexpr double widest = 1000;  // days
   for (int round = 0; round < mostExtensions; ++round) {
     if (end == start || !(std::fabs(end - start) <= widest)) return false;
     end = end + (end - start) * 0.25;
+    if (std::fabs(end - start) < within) continue;
     fEnd = f.At(end);
     if (!std::isfinite(fStart) || !std::isfinite(fEnd)) return false;
     if (fStart * fEnd < 0) return true;

@@ -43,8 +43,9 @@ void FindRootBracketed(Objective& f, double lower, double fLower, double upper, 
 /// sign there; `start` itself is never moved. False where there is no such end: the interval has no width, a
 /// value is not finite, or the interval has grown beyond 1000 days (or 10,000 rounds).
 bool ExtendBracket(Objective& f, double start, double& end);
-/// The same where the value at the start is known; gives that at the end.
-bool ExtendBracket(Objective& f, double start, double fStart, double& end, double& fEnd);
+/// The same where the value at the start is known; gives that at the end. Ends nearer than `within` days are
+/// known to have the sign of the start, and are passed over.
+bool ExtendBracket(Objective& f, double start, double fStart, double& end, double& fEnd, double within = 0);
 bool ExtendBracket(double start, double& end);
 
 }  // namespace halvorine

@@ -155,7 +155,7 @@ void PassEngine::SearchSlot(int number) {
     const Before before = Remember();
     const bool whole = Attempt([&] {
       f_ = &elevation_;
-      within_ = reach_.Start(elevation_.Terms(), elevation_.Observer(), PassThreshold, tStart, tEnd);
+      within_ = reach_.Start(elevation_.Terms(), elevation_.Observer(), PassThreshold, tStart, tEnd, step);
       within_ ? SearchWithinReach(tStart, tEnd, step, slopeWidth) : PREDICI(tStart, tEnd, step, slopeWidth);
       f_->Settle();
     });
@@ -331,7 +331,8 @@ PassEvent PassEngine::Crossing(double tOuter, double limit, double& found) {
     }
     if (!reached) {
       tOuter = tInner;
-      reached = ExtendBracket(elevation_, tFound_, fFound_, tOuter, fOuter);
+      const double within = SpanWithin(elevation_.Terms(), elevation_.Observer(), tFound_, -fFound_);
+      reached = ExtendBracket(elevation_, tFound_, fFound_, tOuter, fOuter, within);
     }
     if (reached) {
       elevation_.Pretend(tOuter);
