@@ -11,6 +11,7 @@
 #include "controls/qtLook.h"
 #include "shell/base/mHelp.h"
 #include "shell/base/mLongOperation.h"
+#include "shell/base/mText.h"
 
 namespace halvorine {
 
@@ -207,7 +208,8 @@ QWidget* frmDatabase::MakeStatistics(int index) {
     grid->addWidget(*row.label, row.row, row.column + 1);
   }
   if (index == Primary) {
-    oldElements_ = Named(new QLabel(Text("MDIForm1", "elementivecchi")), "lblElementiVecchi");
+    oldElements_ = Named(new QLabel(), "lblElementiVecchi");
+    oldElements_->setTextFormat(Qt::PlainText);
     oldElements_->setWordWrap(true);
     oldElements_->setVisible(false);
     grid->addWidget(oldElements_, 4, 0, 1, 5);
@@ -354,6 +356,9 @@ void frmDatabase::ActiveListChanged() {
 }
 
 void frmDatabase::WarnOfOldElements(bool old) {
+  if (old)
+    oldElements_->setText(ToQ(Trimmed(ElementSets[1].Name)) + QStringLiteral(": ") +
+                          Text("MDIForm1", "elementivecchi"));
   if (oldElements_->isHidden() == old) oldElements_->setVisible(old);
 }
 

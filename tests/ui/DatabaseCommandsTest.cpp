@@ -160,6 +160,7 @@ TEST_F(DatabaseTest, StatisticsSayThatThePrincipalsElementsAreOld) {
   ShowPrincipalAge();
   QCoreApplication::processEvents();
   EXPECT_TRUE(note->isVisible());
+  EXPECT_TRUE(note->text().startsWith(ToQ(ElementSets[1].Name)));
   EXPECT_GE(note->height(), note->heightForWidth(note->width()));
   SavePicture(*note->window(), QStringLiteral("frmDatabase_old"));
   ClearActive();
