@@ -8,6 +8,7 @@
 
 #include "controls/qtIcons.h"
 #include "controls/qtLook.h"
+#include "shell/base/mLongOperation.h"
 
 namespace halvorine {
 
@@ -250,6 +251,8 @@ void frmDatabase::Connect(int index) {
           [this, index] { SelectionChanged(index); });
   connect(tab.add, &QPushButton::clicked, this, [this, index] { cmdAdd_Click(index); });
   connect(tab.remove, &QPushButton::clicked, this, [this] { cmdRemove_Click(); });
+  connect(Control<GraphButton>(this, "cmdSommario", index), &QPushButton::clicked, this,
+          [this, index] { cmdSommario_Click(index); });
 }
 
 void frmDatabase::OrderTabs() {
@@ -273,6 +276,8 @@ void frmDatabase::ShowRows(int index) {
   Tab& tab = TabOf(index);
   tab.model->SetRows(ListedRows(index));
   tab.selected->setText(QStringLiteral("0"));
+  const bool canSummarise = tab.list->RowCount() > 0 && CanLoadForm("frmDetails");
+  Control<GraphButton>(this, "cmdSommario", index)->setEnabled(canSummarise);
 }
 
 void frmDatabase::ShowStatistics(int index) {
@@ -340,6 +345,14 @@ void frmDatabase::cmdAdd_Click(int index) {
 }
 
 void frmDatabase::cmdRemove_Click() { halvorine::RemoveSelected(active_->SelectedRows()); }
+
+void frmDatabase::cmdSommario_Click(int index) {
+  if (TabOf(index).list->RowCount() == 0 || LongOperation::Refused()) return;
+  auto* const details = Load<DetailsCalls>("frmDetails");
+  if (details == nullptr) return;
+  details->Show();
+  details->Sommario(index);
+}
 
 void frmDatabase::Move(ActiveMove move) {
   const int position = MoveSelected(active_->SelectedRows(), move);

@@ -62,6 +62,7 @@ class frmDatabase : public ChildForm, public DatabaseCalls {
   void cmbOrdina_Click(int index);
   void cmdAdd_Click(int index);
   void cmdRemove_Click();
+  void cmdSommario_Click(int index);
   void Move(ActiveMove move);
 
   Tab& TabOf(int index) { return tabs_.at(static_cast<std::size_t>(index)); }

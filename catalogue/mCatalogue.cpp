@@ -57,15 +57,10 @@ StatsTexts StatsTextsOf(int index) {
           std::to_string(stats.magnitudes)};
 }
 
-namespace {
-
-/// Where the chooser starts: at the primary file, else in the folder of the sample.
 std::string ChooserStart() {
   if (!PrimaryDatabasePath.empty()) return PrimaryDatabasePath;
   return (std::filesystem::path(AppPath) / "elements").string();
 }
-
-}  // namespace
 
 void Apertura_database(int index) {
   DatabaseOf(index);

@@ -136,6 +136,9 @@ void Database_satelliti(const std::string& path);
 /// Reads the secondary file; the active list is not touched.
 void Database_satelliti_secondario(const std::string& path);
 
+/// Where a chooser for an element file starts: at the primary file, else in the folder of the sample.
+std::string ChooserStart();
+
 /// Asks for the file of a database, reads it and shows frmDatabase. A cancelled chooser does nothing.
 void Apertura_database(int index);
 

@@ -54,6 +54,7 @@ struct StateScratchRecord {
   std::array<double, 3> S{}, earthS{};              // towards the Sun: inertial, Earth-fixed
   double q = 0, d = 0;                              // shadow
   double g = 0, ang = 0, f = 0, xMagnitude = 0;     // phase
+  bool operator==(const StateScratchRecord&) const = default;
 };
 
 inline StateScratchRecord StateScratch;

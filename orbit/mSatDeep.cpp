@@ -296,6 +296,8 @@ void Initialise(const WorkingElementsRecord& w, DeepStateRecord& k) {
   InitLunarDay(k.ds50 + 18261.5, k);
   InitSolar(w, cosq, sinq, k);
   InitLunar(w, cosq, sinq, k);
+  k.forwards.clear();
+  k.backwards.clear();
   k.isynfl = k.xnq > 0.0034906585 && k.xnq < 0.0052359877;
   const bool halfDay = k.xnq >= 0.00826 && k.xnq <= 0.00924 && w.E0 >= 0.5;
   k.iresfl = k.isynfl || halfDay;
@@ -303,12 +305,6 @@ void Initialise(const WorkingElementsRecord& w, DeepStateRecord& k) {
   const double bfact = k.isynfl ? InitSynchronous(w, aqnv, k) : InitHalfDay(w, aqnv, k);
   k.xfact = bfact - k.xnq;
 }
-
-/// The resonant longitude and motion at a step of the integration, with their rates there.
-struct Resonance {
-  double atime = 0, xli = 0, xni = 0;
-  double xndot = 0, xnddt = 0, xldot = 0;
-};
 
 void RatesOf(const DeepStateRecord& k, Resonance& r) {
   constexpr double fasx2 = 0.13130908;
@@ -351,19 +347,34 @@ void Step(double delt, Resonance& r) {
 }
 
 /// The integration starts at the epoch at every call, so the report's ways of going on from a former instant
-/// are never taken and do not stand here.
-Resonance IntegrateTo(double t, const DeepStateRecord& k) {
+/// are never taken and do not stand here; but its steps are always the same, and are kept.
+Resonance IntegrateTo(double t, DeepStateRecord& k) {
+  constexpr std::size_t mostKept = 65536;
   const double delt = t >= 0 ? step : -step;
-  Resonance r{0, k.xlamo, k.xnq, 0, 0, 0};
-  while (std::fabs(t - r.atime) >= step) {
-    RatesOf(k, r);
-    Step(delt, r);
+  std::vector<Resonance>& steps = t >= 0 ? k.forwards : k.backwards;
+  if (steps.empty()) {
+    steps.push_back({0, k.xlamo, k.xnq, 0, 0, 0});
+    RatesOf(k, steps.back());
   }
-  RatesOf(k, r);
+  const double wanted = std::fmin(Fix(std::fabs(t) / step), static_cast<double>(mostKept - 1));
+  // the first step from which less than a whole one is left
+  std::size_t at = static_cast<std::size_t>(wanted);
+  while (at > 0 && !(std::fabs(t - delt * static_cast<double>(at - 1)) >= step)) --at;
+  while (steps.size() <= at) {
+    Resonance r = steps.back();
+    Step(delt, r);
+    RatesOf(k, r);
+    steps.push_back(r);
+  }
+  Resonance r = steps[at];
+  while (std::fabs(t - r.atime) >= step) {
+    Step(delt, r);
+    RatesOf(k, r);
+  }
   return r;
 }
 
-void AddSecular(WorkingElementsRecord& w, const DeepStateRecord& k) {
+void AddSecular(WorkingElementsRecord& w, DeepStateRecord& k) {
   const double t = w.T;
   w.Xll = w.Xll + k.ssl * t;
   w.Omgasm = w.Omgasm + k.ssg * t;

@@ -94,7 +94,10 @@ void IndexFrequencies() {
 void Estrai_Dati_Satellite(int slot, const std::string& nameLine, const std::string& line1,
                            const std::string& line2) {
   ElementSet& set = ElementSets[slot];
-  ElementLines[slot] = {nameLine, line1, line2};
+  DatabaseEntry& lines = ElementLines[slot];  // piece by piece, which keeps the storage they have
+  lines.name = nameLine;
+  lines.line1 = line1;
+  lines.line2 = line2;
   DecodeLine1(line1, set);
   DecodeLine2(line2, set);
   set.Name = Trimmed(ProperCase(NameOf(nameLine)));

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <array>
+#include <vector>
 
 #include "astro/mMate.h"
 #include "orbit/mSat.h"
@@ -54,7 +55,13 @@ struct Sgp4Terms {
   double d2 = 0, d3 = 0, d4 = 0, t3cof = 0, t4cof = 0, t5cof = 0;
 };
 
+/// Elements at an instant, on their way into short-period terms.
+struct MeanPlace {
+  double a = 0, e = 0, omega = 0, xnode = 0, xl = 0, xinc = 0;
+};
+
 void InitSgp4(const WorkingElementsRecord& elements, Sgp4Terms& terms);
+MeanPlace PlaceSgp4(const Sgp4Terms& terms, double tsince);
 void RunSgp4(const Sgp4Terms& terms, double tsince, OrbitVectors& out);
 
 /// What SGP keeps for an element set.
@@ -75,6 +82,12 @@ struct Plan13Terms {
 void InitPlan13(const WorkingElementsRecord& elements, Plan13Terms& terms);
 void RunPlan13(const Plan13Terms& terms, double tsince, OrbitVectors& out);
 
+/// A step of the integration of a resonance: longitude and motion, and their rates there.
+struct Resonance {
+  double atime = 0, xli = 0, xni = 0;
+  double xndot = 0, xnddt = 0, xldot = 0;
+};
+
 /// State of the deep-space perturbations; names are those of the report's routine.
 struct DeepStateRecord {
   // day of the lunar terms, and what depends on it alone
@@ -92,6 +105,8 @@ struct DeepStateRecord {
          d5433 = 0;
   double del1 = 0, del2 = 0, del3 = 0;
   double xlamo = 0, xfact = 0;
+  // steps of the integration from the epoch on, forwards and backwards, as far as they were needed
+  std::vector<Resonance> forwards, backwards;
 };
 
 /// Lunar and solar perturbations and the resonances of deep orbits. Entry 1 sets `state` up from `elements`;
@@ -107,15 +122,20 @@ struct Sdp4Terms {
 };
 
 void InitSdp4(WorkingElementsRecord& elements, Sdp4Terms& terms);
-void RunSdp4(Sdp4Terms& terms, double tsince, WorkingElementsRecord& elements, OrbitVectors& out);
+MeanPlace PlaceSdp4(Sdp4Terms& terms, double tsince, WorkingElementsRecord& elements);
 
-/// Elements at an instant, on their way into short-period terms.
-struct MeanPlace {
-  double a = 0, e = 0, omega = 0, xnode = 0, xl = 0, xinc = 0;
+/// A place after Kepler's equation and the short-period terms, before it is turned into vectors.
+struct SolvedPlace {
+  double a = 0, esine = 0, pl = 0, rInverse = 0, temp1 = 0, sin2u = 0, cos2u = 0;
+  double rk = 0, uk = 0, xnodek = 0, xinck = 0;
 };
 
 /// Long-period terms, Kepler's equation, short-period terms and orientation, the same for SGP4 and SDP4.
+SolvedPlace SolvePlace(const SecularTerms& terms, const MeanPlace& place);
 void FinishPlace(const SecularTerms& terms, const MeanPlace& place, OrbitVectors& out);
+
+/// The same position without its velocity, in km. Fails in a few more cases, where the velocity might.
+std::array<double, 3> PositionAlone(const SecularTerms& terms, const MeanPlace& place);
 
 /// Unit vectors towards the satellite and along its motion, times distance and speeds in Earth radii and
 /// minutes; the last step of all three report models.

@@ -23,7 +23,7 @@ void InitSdp4(WorkingElementsRecord& elements, Sdp4Terms& terms) {
   DeepSpacePerturbations(1, elements, terms.deep);
 }
 
-void RunSdp4(Sdp4Terms& terms, double tsince, WorkingElementsRecord& w, OrbitVectors& out) {
+MeanPlace PlaceSdp4(Sdp4Terms& terms, double tsince, WorkingElementsRecord& w) {
   const SecularTerms& s = terms.secular;
   const double t = tsince;
   const double tsq = Square(t);
@@ -47,14 +47,14 @@ void RunSdp4(Sdp4Terms& terms, double tsince, WorkingElementsRecord& w, OrbitVec
   place.omega = w.Omgasm;
   place.xnode = w.Xnodes;
   place.xl = w.Xll + w.Omgasm + w.Xnodes;
-  FinishPlace(s, place, out);
+  return place;
 }
 
 void PropagateSDP4(double tsince) {
   static Sdp4Terms terms;  // keeps the day of the lunar terms between calls
   OrbitVectors vectors;
   InitSdp4(WorkingElements, terms);
-  RunSdp4(terms, tsince, WorkingElements, vectors);
+  FinishPlace(terms.secular, PlaceSdp4(terms, tsince, WorkingElements), vectors);
   TakeOver(vectors);
 }
 

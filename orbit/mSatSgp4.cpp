@@ -150,7 +150,7 @@ void InitSgp4(const WorkingElementsRecord& elements, Sgp4Terms& terms) {
   if (!terms.isimp) InitHigherDrag(terms);
 }
 
-void RunSgp4(const Sgp4Terms& terms, double tsince, OrbitVectors& out) {
+MeanPlace PlaceSgp4(const Sgp4Terms& terms, double tsince) {
   const SecularTerms& s = terms.secular;
   const double t = tsince;
   const double xmdf = s.M0 + s.xmdot * t;
@@ -182,14 +182,13 @@ void RunSgp4(const Sgp4Terms& terms, double tsince, OrbitVectors& out) {
   place.xnode = xnode;
   place.xl = xmp + omega + xnode + s.xnodp * templ;
   place.xinc = s.I0;
-  FinishPlace(s, place, out);
+  return place;
 }
 
-void FinishPlace(const SecularTerms& terms, const MeanPlace& place, OrbitVectors& out) {
+SolvedPlace SolvePlace(const SecularTerms& terms, const MeanPlace& place) {
   const double a = place.a;
   const double e = place.e;
   const double beta = Sqrt(1 - Square(e));
-  const double xn = Div(xke, Pow(a, 1.5));
   const double axn = e * std::cos(place.omega);
   const double tempLong = Div(1.0, a * Square(beta));
   const double xll = tempLong * terms.xlcof * axn;
@@ -200,35 +199,65 @@ void FinishPlace(const SecularTerms& terms, const MeanPlace& place, OrbitVectors
   const double capu = Fmod2Pi(xlt - place.xnode);
   const KeplerRound k = SolveKepler(capu, axn, ayn);
 
+  SolvedPlace solved;
+  solved.a = a;
   const double ecose = k.temp5 + k.temp6;
-  const double esine = k.temp3 - k.temp4;
+  solved.esine = k.temp3 - k.temp4;
   const double elsq = Square(axn) + Square(ayn);
   const double beta2 = 1 - elsq;
-  const double pl = a * beta2;
+  solved.pl = a * beta2;
   const double r = a * (1 - ecose);
-  const double rInverse = Div(1.0, r);
-  const double rdot = xke * Sqrt(a) * esine * rInverse;
-  const double rfdot = xke * Sqrt(pl) * rInverse;
-  const double aOverR = a * rInverse;
+  solved.rInverse = Div(1.0, r);
+  const double aOverR = a * solved.rInverse;
   const double betal = Sqrt(beta2);
   const double temp3 = Div(1.0, 1 + betal);
-  const double cosu = aOverR * (k.cosepw - axn + ayn * esine * temp3);
-  const double sinu = aOverR * (k.sinepw - ayn - axn * esine * temp3);
+  const double cosu = aOverR * (k.cosepw - axn + ayn * solved.esine * temp3);
+  const double sinu = aOverR * (k.sinepw - ayn - axn * solved.esine * temp3);
   const double u = ArcTan2Positive(sinu, cosu);
-  const double sin2u = 2 * sinu * cosu;
-  const double cos2u = 2 * Square(cosu) - 1;
+  solved.sin2u = 2 * sinu * cosu;
+  solved.cos2u = 2 * Square(cosu) - 1;
 
-  const double temp = Div(1.0, pl);
-  const double temp1 = ck2 * temp;
-  const double temp2 = temp1 * temp;
+  const double temp = Div(1.0, solved.pl);
+  solved.temp1 = ck2 * temp;
+  const double temp2 = solved.temp1 * temp;
   const double cosio = terms.cosio;
-  const double rk = r * (1 - 1.5 * temp2 * betal * terms.x3thm1) + 0.5 * temp1 * terms.x1mth2 * cos2u;
-  const double uk = u - 0.25 * temp2 * terms.x7thm1 * sin2u;
-  const double xnodek = place.xnode + 1.5 * temp2 * cosio * sin2u;
-  const double xinck = place.xinc + 1.5 * temp2 * cosio * terms.sinio * cos2u;
-  const double rdotk = rdot - xn * temp1 * terms.x1mth2 * sin2u;
-  const double rfdotk = rfdot + xn * temp1 * (terms.x1mth2 * cos2u + 1.5 * terms.x3thm1);
-  OrientOrbit(rk, rdotk, rfdotk, uk, xnodek, xinck, out);
+  solved.rk = r * (1 - 1.5 * temp2 * betal * terms.x3thm1) + 0.5 * solved.temp1 * terms.x1mth2 * solved.cos2u;
+  solved.uk = u - 0.25 * temp2 * terms.x7thm1 * solved.sin2u;
+  solved.xnodek = place.xnode + 1.5 * temp2 * cosio * solved.sin2u;
+  solved.xinck = place.xinc + 1.5 * temp2 * cosio * terms.sinio * solved.cos2u;
+  return solved;
+}
+
+void FinishPlace(const SecularTerms& terms, const MeanPlace& place, OrbitVectors& out) {
+  const SolvedPlace k = SolvePlace(terms, place);
+  const double xn = Div(xke, Pow(k.a, 1.5));
+  const double rdot = xke * Sqrt(k.a) * k.esine * k.rInverse;
+  const double rfdot = xke * Sqrt(k.pl) * k.rInverse;
+  const double rdotk = rdot - xn * k.temp1 * terms.x1mth2 * k.sin2u;
+  const double rfdotk = rfdot + xn * k.temp1 * (terms.x1mth2 * k.cos2u + 1.5 * terms.x3thm1);
+  OrientOrbit(k.rk, rdotk, rfdotk, k.uk, k.xnodek, k.xinck, out);
+}
+
+std::array<double, 3> PositionAlone(const SecularTerms& terms, const MeanPlace& place) {
+  const SolvedPlace k = SolvePlace(terms, place);
+  // far from any of these the velocity that is left out would not have failed either
+  if (!(k.a > 1e-3 && k.a < 1e6 && k.pl > 1e-6)) throw ArithmeticFailure("orbit beyond all bounds");
+  const double sinuk = std::sin(k.uk);
+  const double cosuk = std::cos(k.uk);
+  const double sinik = std::sin(k.xinck);
+  const double cosik = std::cos(k.xinck);
+  const double sinnok = std::sin(k.xnodek);
+  const double cosnok = std::cos(k.xnodek);
+  const double xmx = -sinnok * cosik;
+  const double xmy = cosnok * cosik;
+  const double ux = xmx * sinuk + cosnok * cosuk;
+  const double uy = xmy * sinuk + sinnok * cosuk;
+  const double uz = sinik * sinuk;
+  return {Finite(k.rk * ux * xkmper), Finite(k.rk * uy * xkmper), Finite(k.rk * uz * xkmper)};
+}
+
+void RunSgp4(const Sgp4Terms& terms, double tsince, OrbitVectors& out) {
+  FinishPlace(terms.secular, PlaceSgp4(terms, tsince), out);
 }
 
 void OrientOrbit(double rk, double rdotk, double rfdotk, double uk, double xnodek, double xinck,

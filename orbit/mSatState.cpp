@@ -2,7 +2,7 @@
 // inside Attempt can, and then what they were to set keeps the value of the computation before.
 #include <cmath>
 
-#include "orbit/mSatModels.h"
+#include "orbit/mSatCache.h"
 
 namespace halvorine {
 
@@ -10,9 +10,7 @@ namespace {
 
 using Vector = std::array<double, 3>;
 
-constexpr double muEarth = 398600.8;  // km^3/s^2
-constexpr double polarFactor = 1 - 0.003352779454167505;
-constexpr double earthSpin = 7.2922e-5;          // radians per second
+constexpr double muEarth = 398600.8;             // km^3/s^2
 constexpr double earthSpinPerDay = 6.300388099;  // radians per day
 
 double Dot(const Vector& a, const Vector& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
@@ -26,80 +24,29 @@ Vector Turned(double c, double s, const Vector& v) {
   return {c * v[0] - s * v[1], s * v[0] + c * v[1], v[2]};
 }
 
-/// Working elements of a set; a failure here is the caller's.
-void TakeElements(const ElementSet& set) {
-  WorkingElementsRecord& w = WorkingElements;
-  w.Epoch = set.EpochJulianDay;
-  w.E0 = set.Eccentricity;
-  w.NDDot = Pow(10.0, set.MeanMotionDDotExponent) * set.MeanMotionDDotMantissa;
-  w.M0 = set.MeanAnomaly * DegToRad;
-  w.Node0 = set.RightAscension * DegToRad;
-  w.Omega0 = set.ArgumentOfPerigee * DegToRad;
-  w.I0 = set.Inclination * DegToRad;
-  constexpr double c = TwoPi / 1440 / 1440;
-  w.N0 = set.MeanMotion * c * 1440;
-  w.NDot = set.MeanMotionDot * c;
-  w.NDDot = w.NDDot * c / 1440;
-  w.Bstar = Pow(10.0, set.BstarExponent) * set.BstarMantissa;
-}
-
-/// Whether the orbit counts as deep: 225 minutes or more. The test divides c, not the oblateness term that
-/// it forms, by the axes; the term can fail all the same.
-bool IsDeep(const WorkingElementsRecord& w) {
-  constexpr double c = TwoPi / 1440 / 1440;
-  const double a1 = Pow(Div(xke, w.N0), tothrd);
-  static_cast<void>(Div(1.5 * ck2 * (3 * Square(std::cos(w.I0)) - 1), Pow(1 - Square(w.E0), 1.5)));
-  const double d1 = Div(c, Square(a1));
-  const double ao = (1 - (0.3333333333333333 + (1 + tothrdTerm * d1) * d1) * d1) * a1;
-  const double d0 = Div(c, Square(ao));
-  const double n = Div(w.N0, 1 + d0);
-  return Div(TwoPi, n) / 1440 >= 0.15625;
-}
-
 void PlaceObserver(StateScratchRecord& k) {
-  k.phi = static_cast<double>(Site.Latitude) * DegToRad;
-  k.lambda = static_cast<double>(Site.Longitude) * DegToRad;
-  k.h = static_cast<double>(Site.Height) / 1000;
-  constexpr double a = EarthRadius;
-  constexpr double b = polarFactor * a;
-  const double cosPhi = std::cos(k.phi);
-  const double sinPhi = std::sin(k.phi);
-  const double cosLambda = std::cos(k.lambda);
-  const double sinLambda = std::sin(k.lambda);
-  const double w = Sqrt(Square(a) * Square(cosPhi) + Square(b) * Square(sinPhi));
-  const double rho1 = Div(Square(a), w) + k.h;
-  const double rho2 = Div(Square(b), w) + k.h;
-  k.observer = {rho1 * cosPhi * cosLambda, rho1 * cosPhi * sinLambda, rho2 * sinPhi};
-  k.observerVelocity = {-k.observer[1] * earthSpin, k.observer[0] * earthSpin, 0};
-  k.zenith = {cosPhi * cosLambda, cosPhi * sinLambda, sinPhi};
-  k.east = {-sinLambda, cosLambda, 0};
-  k.north = {-sinPhi * cosLambda, -sinPhi * sinLambda, cosPhi};
+  const ObserverTerms& observer = ObserverOf();
+  k.phi = observer.phi;
+  k.lambda = observer.lambda;
+  k.h = observer.h;
+  k.observer = observer.position;
+  k.observerVelocity = observer.velocity;
+  k.zenith = observer.zenith;
+  k.east = observer.east;
+  k.north = observer.north;
 }
 
-void RunModel(bool deep, double minutes) {
-  switch (Options.Propagator) {
-    case 0:
-      PropagatePlan13(minutes);
-      break;
-    case 1:
-      PropagateSGP(minutes);
-      break;
-    case 2:
-      PropagateSGP4(minutes);
-      break;
-    case 3:
-      deep ? PropagateSDP4(minutes) : PropagateSGP4(minutes);
-      break;
-    default:
-      break;
-  }
-}
-
-void RotateToEarth(double julianDay, StateScratchRecord& k) {
+void RotateToEarth(SlotTerms& terms, double julianDay, StateScratchRecord& k) {
   k.dt = julianDay - WorkingElements.Epoch;
-  Attempt([&] { RunModel(k.deep, k.dt * 1440); });
-  k.d0 = WorkingElements.Epoch - 2447891.5;
-  k.theta0 = 99.4033 * DegToRad + k.d0 * earthSpinPerDay;
+  if (!terms.modelFails && ModelOf(terms) != SlotModel::None) {
+    Attempt([&] {
+      OrbitVectors vectors;
+      RunModel(terms, k.dt * 1440, vectors);
+      TakeOver(vectors);
+    });
+  }
+  k.d0 = terms.d0;
+  k.theta0 = terms.theta0;
   k.theta = earthSpinPerDay * k.dt + k.theta0;
   k.cosTheta = std::cos(-k.theta);
   k.sinTheta = std::sin(-k.theta);
@@ -198,7 +145,7 @@ void SunAndCondition(SatelliteState& state, StateScratchRecord& k) {
   state.Condition = eclipsed ? Eclipsed : bright || state.Elevation <= 0 ? NotVisible : Visible;
 }
 
-void PhaseAndMagnitude(const ElementSet& set, SatelliteState& state, StateScratchRecord& k) {
+void PhaseAndMagnitude(const SlotTerms& terms, SatelliteState& state, StateScratchRecord& k) {
   k.g = -Dot(k.u, k.earthS);
   // fails where Sun, satellite and observer stand in one line
   Attempt([&] { k.ang = ArcCos(k.g); });
@@ -210,15 +157,14 @@ void PhaseAndMagnitude(const ElementSet& set, SatelliteState& state, StateScratc
     return;
   }
   k.f = Options.PhaseLaw == 0 ? (1 + k.g) / 2 : (std::sin(k.ang) + (Pi - k.ang) * k.g) / 2;
-  if (set.StandardMagnitude.empty()) {
+  if (terms.magnitudeText.empty()) {
     state.Magnitude = {MagnitudeValue::Kind::Unknown, 0};
     return;
   }
   Attempt([&] { k.xMagnitude = Finite(Div(Square(state.Range), k.f)); });
   // StandardMagnitude - 15.75 + 2.5*log(x)/log(10); fails where a phase law gives no light
   Attempt([&] {
-    const double value =
-        ParseNumber(set.StandardMagnitude) - 15.75 + 2.5 * Log(k.xMagnitude) / std::log(10.0);
+    const double value = terms.magnitude - 15.75 + 2.5 * Log(k.xMagnitude) / std::log(10.0);
     state.Magnitude = {MagnitudeValue::Kind::Number, Finite(value)};
   });
 }
@@ -229,16 +175,17 @@ void ComputeSatelliteState(int slot, double julianDay) {
   const ElementSet& set = ElementSets[slot];
   SatelliteState& state = SatelliteStates[slot];
   StateScratchRecord& k = StateScratch;
-  TakeElements(set);
-  k.deep = IsDeep(WorkingElements);
+  SlotTerms& terms = TermsOf(slot);
+  WorkingElements = terms.elements;
+  k.deep = terms.deep;
   PlaceObserver(k);
-  RotateToEarth(julianDay, k);
+  RotateToEarth(terms, julianDay, k);
   ViewFromObserver(state, k);
   OsculatingOrbit(set, state, k);
   LookAngles(state, k);
   SubPoint(state, k);
   SunAndCondition(state, k);
-  PhaseAndMagnitude(set, state, k);
+  PhaseAndMagnitude(terms, state, k);
 }
 
 void ResetOrbitRecords() {

@@ -137,11 +137,17 @@ void MinimizeBracketed(Objective& f, double lower, double upper, double& bestTim
 }
 
 void FindRootBracketed(Objective& f, double lower, double upper, double& result) {
+  const double fLower = f.At(lower);
+  FindRootBracketed(f, lower, fLower, upper, f.At(upper), result);
+}
+
+void FindRootBracketed(Objective& f, double lower, double fLower, double upper, double fUpper,
+                       double& result) {
   Root r;
   r.a = lower;
   r.b = upper;
-  r.fa = f.At(r.a);
-  r.fb = f.At(r.b);
+  r.fa = fLower;
+  r.fb = fUpper;
   r.c = r.b;
   r.fc = r.fb;
   for (int round = 1; round <= mostRounds; ++round) {
@@ -175,15 +181,19 @@ void FindRootBracketed(Objective& f, double lower, double upper, double& result)
 }
 
 bool ExtendBracket(Objective& f, double start, double& end) {
+  double fEnd = 0;
+  return ExtendBracket(f, start, f.At(start), end, fEnd);
+}
+
+bool ExtendBracket(Objective& f, double start, double fStart, double& end, double& fEnd) {
   constexpr int mostExtensions = 10000;
   constexpr double widest = 1000;  // days
-  const double fa = f.At(start);
   for (int round = 0; round < mostExtensions; ++round) {
     if (end == start || !(std::fabs(end - start) <= widest)) return false;
     end = end + (end - start) * 0.25;
-    const double fb = f.At(end);
-    if (!std::isfinite(fa) || !std::isfinite(fb)) return false;
-    if (fa * fb < 0) return true;
+    fEnd = f.At(end);
+    if (!std::isfinite(fStart) || !std::isfinite(fEnd)) return false;
+    if (fStart * fEnd < 0) return true;
   }
   return false;
 }

@@ -35,11 +35,16 @@ void MinimizeBracketed(double lower, double upper, double& bestTime, double& bes
 /// sign; to about 0.1 ms. More than 50 rounds show one message and leave the result as it was.
 void FindRootBracketed(Objective& f, double lower, double upper, double& result);
 void FindRootBracketed(double lower, double upper, double& result);
+/// The same where the values at both ends are known already.
+void FindRootBracketed(Objective& f, double lower, double fLower, double upper, double fUpper,
+                       double& result);
 
 /// Moves `end` away from `start` by a quarter of their distance at a time until the objective has another
 /// sign there; `start` itself is never moved. False where there is no such end: the interval has no width, a
 /// value is not finite, or the interval has grown beyond 1000 days (or 10,000 rounds).
 bool ExtendBracket(Objective& f, double start, double& end);
+/// The same where the value at the start is known; gives that at the end.
+bool ExtendBracket(Objective& f, double start, double fStart, double& end, double& fEnd);
 bool ExtendBracket(double start, double& end);
 
 }  // namespace halvorine

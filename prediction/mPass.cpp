@@ -125,13 +125,49 @@ void PassEngine::SearchEntry(const DatabaseEntry& entry) {
   }
 }
 
+PassEngine::Before PassEngine::Remember() const {
+  return {StateScratch,    WorkingElements,           PositionKm, VelocityKmS, SunElevationDeg,
+          SunElevationRad, SatelliteStates[PassSlot], tRise_,     tSet_};
+}
+
+void PassEngine::PutBack(const Before& before) {
+  StateScratch = before.scratch;
+  WorkingElements = before.elements;
+  PositionKm = before.position;
+  VelocityKmS = before.velocity;
+  SunElevationDeg = before.sunDeg;
+  SunElevationRad = before.sunRad;
+  SatelliteStates[PassSlot] = before.state;
+  tRise_ = before.tRise;
+  tSet_ = before.tSet;
+}
+
 void PassEngine::SearchSlot(int number) {
   const ElementSet& set = ElementSets[PassSlot];
   number_ = number;
   Yield(0);
   if (HasNearlyConstantElevation(set)) return;
   const double step = Div(1.0, set.MeanMotion) / 4;  // a quarter of a revolution
-  PREDICI(query_.tStart, query_.tEnd, step, slopeWidth);
+  const double tStart = query_.tStart;
+  const double tEnd = query_.tEnd;
+  events_ = silentEvents_ = 0;
+  if (elevation_.Start()) {
+    const Before before = Remember();
+    const bool whole = Attempt([&] {
+      f_ = &elevation_;
+      within_ = reach_.Start(elevation_.Terms(), elevation_.Observer(), PassThreshold, tStart, tEnd);
+      within_ ? SearchWithinReach(tStart, tEnd, step, slopeWidth) : PREDICI(tStart, tEnd, step, slopeWidth);
+      f_->Settle();
+    });
+    f_ = &wholeState_;
+    within_ = false;
+    if (whole) return;
+    // some statement fails on the way: only whole states, one after another, leave the right values standing
+    PutBack(before);
+    silentEvents_ = events_;
+    events_ = 0;
+  }
+  PREDICI(tStart, tEnd, step, slopeWidth);
 }
 
 void PassEngine::Yield(double days) {
@@ -141,21 +177,21 @@ void PassEngine::Yield(double days) {
 }
 
 double PassEngine::SlopeAt(double t, double delta) {
-  const double f = f_.At(t);
-  return f - f_.At(t - delta);
+  const double f = f_->At(t);
+  return f - f_->At(t - delta);
 }
 
 void PassEngine::PREDICI(double tStart, double tEnd, double step, double delta) {
   bool searchDone = false;
-  double fLow = f_.At(tStart);
+  double fLow = f_->At(tStart);
   double tFound = tStart;
-  double slope = f_.At(tStart + delta) - fLow;
+  double slope = f_->At(tStart + delta) - fLow;
   double slopeBefore = slope;
   double bracketLow = tStart;
   double bracketHigh = tStart;
   double cursor = tStart;
   if (!(cursor + step > cursor)) return;  // a stride that leads nowhere
-  if (slope >= 0 && fLow < 0) EVENTI(tStart, tEnd, tStart);
+  if (slope >= 0 && fLow < 0) FileEvent(tStart, tEnd, tStart, fLow, false);
   for (;;) {
     bool tail = false;
     if (slope <= 0) {
@@ -178,10 +214,10 @@ void PassEngine::PREDICI(double tStart, double tEnd, double step, double delta) 
     }
     if (tail) {
       if (searchDone) return;
-      fLow = f_.At(tEnd);
-      slope = fLow - f_.At(tEnd - delta);
+      fLow = f_->At(tEnd);
+      slope = fLow - f_->At(tEnd - delta);
       if (slope < 0) {
-        if (fLow < 0) EVENTI(tStart, tEnd, tEnd);
+        if (fLow < 0) FileEvent(tStart, tEnd, tEnd, fLow, false);
         return;
       }
       if (slopeBefore >= 0) return;
@@ -189,11 +225,50 @@ void PassEngine::PREDICI(double tStart, double tEnd, double step, double delta) 
       bracketHigh = tEnd;
       searchDone = true;
     }
-    MinimizeBracketed(f_, bracketLow, bracketHigh, tFound, fLow);
+    MinimizeBracketed(*f_, bracketLow, bracketHigh, tFound, fLow);
     bracketLow = bracketHigh;
     slopeBefore = slope;
-    if (fLow < 0) EVENTI(tStart, tEnd, tFound);
+    if (fLow < 0) FileEvent(tStart, tEnd, tFound, fLow, true);
   }
+}
+
+void PassEngine::SearchWithinReach(double tStart, double tEnd, double step, double delta) {
+  double fLow = f_->At(tStart);
+  double slope = f_->At(tStart + delta) - fLow;
+  if (!(tStart + step > tStart)) return;
+  if (slope >= 0 && fLow < 0) FileEvent(tStart, tEnd, tStart, fLow, false);
+  double cursor = tStart;
+  double tFound = tStart;
+  bool known = true;  // the slope is that at the cursor
+  for (double next = cursor + step; next < tEnd; cursor = next, next = cursor + step) {
+    if (reach_.CannotRise(cursor, next)) {
+      known = false;
+      continue;
+    }
+    if (!known) slope = SlopeAt(cursor, delta);
+    const bool rising = slope <= 0;
+    slope = SlopeAt(next, delta);
+    known = true;
+    if (!(rising && slope >= 0)) continue;
+    MinimizeBracketed(*f_, cursor, next, tFound, fLow);
+    if (fLow < 0) FileEvent(tStart, tEnd, tFound, fLow, true);
+  }
+  if (!known) slope = SlopeAt(cursor, delta);
+  fLow = f_->At(tEnd);
+  const double slopeAtEnd = fLow - f_->At(tEnd - delta);
+  if (slopeAtEnd < 0) {
+    if (fLow < 0) FileEvent(tStart, tEnd, tEnd, fLow, false);
+    return;
+  }
+  if (slope >= 0) return;
+  tFound = tEnd;
+  MinimizeBracketed(*f_, cursor, tEnd, tFound, fLow);
+  if (fLow < 0) FileEvent(tStart, tEnd, tFound, fLow, true);
+}
+
+void PassEngine::StateAt(double julianDay) {
+  ComputeSatelliteState(PassSlot, julianDay);
+  elevation_.TakeAsSettled();
 }
 
 PassEvent PassEngine::EventAt(double julianDay) const {
@@ -210,34 +285,98 @@ PassEvent PassEngine::EventAt(double julianDay) const {
   return event;
 }
 
-PassEvent PassEngine::Crossing(double tFound, double tOuter, double limit, double& found) {
-  const double side = tOuter - tFound;
-  const bool reached = ExtendBracket(f_, tFound, tOuter);
-  if (reached) FindRootBracketed(f_, tFound, tOuter, found);
-  f_.Settle();  // the row shows the state of the last place that was tried
+bool PassEngine::ExtendFromTop(double& tOuter, double& fOuter, double guess) {
+  constexpr int mostRounds = 40;
+  constexpr double clear = 1e-3;  // degrees from the threshold, beyond which a sign is certain
+  std::array<double, mostRounds> ends{};
+  double end = tOuter;
+  for (double& place : ends) place = end = end + (end - tFound_) * 0.25;
+  std::size_t at = 0;
+  while (at + 1 < mostRounds && std::fabs(ends[at] - tFound_) < guess) ++at;
+  if (!(fFound_ < -clear)) return false;
+  double f = elevation_.At(ends[at]);
+  if (!(std::fabs(f) > clear)) return false;
+  if (f < 0) {
+    do {
+      if (++at == mostRounds) return false;
+      f = elevation_.At(ends[at]);
+      if (!(std::fabs(f) > clear)) return false;
+    } while (f < 0);
+    tOuter = ends[at];
+    fOuter = f;
+    return true;
+  }
+  while (at > 0) {
+    const double before = elevation_.At(ends[at - 1]);
+    if (!(std::fabs(before) > clear)) return false;
+    if (before < 0) break;
+    --at;
+    f = before;
+  }
+  tOuter = ends[at];
+  fOuter = f;
+  return true;
+}
+
+PassEvent PassEngine::Crossing(double tOuter, double limit, double& found) {
+  const double side = tOuter - tFound_;
+  bool reached = false;
+  if (f_ == &elevation_) {
+    double fOuter = 0;
+    const double tInner = tOuter;
+    if (within_ && isTop_ && reach_.HasPlainPasses()) {
+      // the set side of a pass is about as long as its rise side
+      const double guess = side < 0 ? reach_.HalfPass(PassThreshold - fFound_) : tFound_ - tRise_;
+      reached = ExtendFromTop(tOuter, fOuter, guess);
+    }
+    if (!reached) {
+      tOuter = tInner;
+      reached = ExtendBracket(elevation_, tFound_, fFound_, tOuter, fOuter);
+    }
+    if (reached) {
+      elevation_.Pretend(tOuter);
+      FindRootBracketed(elevation_, tFound_, fFound_, tOuter, fOuter, found);
+    }
+  } else {
+    reached = ExtendBracket(wholeState_, tFound_, tOuter);
+    if (reached) FindRootBracketed(wholeState_, tFound_, tOuter, found);
+  }
   if (!reached || (side < 0 ? found < limit : found > limit)) {
     found = limit;
-    ComputeSatelliteState(PassSlot, limit);
+    StateAt(limit);
+  } else {
+    f_->Settle();  // the row shows the state of the last place that was tried
   }
   return EventAt(found);
 }
 
 void PassEngine::EVENTI(double tStart, double tEnd, double tFound) {
+  FileEvent(tStart, tEnd, tFound, f_ == &elevation_ ? f_->At(tFound) : 0.0, false);
+}
+
+void PassEngine::FileEvent(double tStart, double tEnd, double tFound, double fFound, bool isTop) {
   constexpr double threeSeconds = 3.0 / 86400;
-  Yield(tFound - tStart);
-  if (CancelRequested) {
-    CancelRequested = false;
-    throw SearchCancelled();
+  const bool silent = events_ < silentEvents_;
+  if (!silent) {
+    Yield(tFound - tStart);
+    if (CancelRequested) {
+      CancelRequested = false;
+      throw SearchCancelled();
+    }
   }
+  tFound_ = tFound;
+  fFound_ = fFound;
+  isTop_ = isTop;
   PassRecord pass;
   pass.currentEntry = currentEntry_;
   pass.slot = PassSlot;
-  pass.rise = Crossing(tFound, tFound - threeSeconds, tStart, tRise_);
-  ComputeSatelliteState(PassSlot, tFound);
+  pass.rise = Crossing(tFound - threeSeconds, tStart, tRise_);
+  StateAt(tFound);
   pass.culmination = EventAt(tFound);
-  pass.set = Crossing(tFound, tFound + threeSeconds, tEnd, tSet_);
+  pass.set = Crossing(tFound + threeSeconds, tEnd, tSet_);
   pass.durationTotal = std::round((pass.set.date - pass.rise.date) * 86400);
-  if (Stays(pass)) watcher_.Found(pass);
+  ++events_;
+  if (!silent && Stays(pass)) watcher_.Found(pass);
 }
 
 bool PassEngine::Stays(const PassRecord& pass) const {

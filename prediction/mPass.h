@@ -5,7 +5,7 @@
 #include <span>
 #include <string>
 
-#include "orbit/mSearch.h"
+#include "orbit/mSatReach.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mPlatform.h"
 
@@ -96,21 +96,47 @@ class PassEngine {
   void EVENTI(double tStart, double tEnd, double tFound);
 
  private:
-  void SearchSlot(int number);
-  double SlopeAt(double t, double delta);
+  /// The shared values before a satellite's search, for the case that it must be done again.
+  struct Before {
+    StateScratchRecord scratch;
+    WorkingElementsRecord elements;
+    std::array<double, 3> position, velocity;
+    double sunDeg, sunRad;
+    SatelliteState state;
+    double tRise, tSet;
+  };
+  Before Remember() const;
+  void PutBack(const Before& before);
+
   void SearchEntry(const DatabaseEntry& entry);
+  void SearchSlot(int number);
+  /// As PREDICI, but looks only where the satellite can rise. Gives the same passes.
+  void SearchWithinReach(double tStart, double tEnd, double step, double delta);
+  double SlopeAt(double t, double delta);
+  /// EVENTI with the value at tFound at hand; `isTop` where the elevation falls on both sides of it.
+  void FileEvent(double tStart, double tEnd, double tFound, double fFound, bool isTop);
   /// Rise or set: the crossing of the threshold on the side of `tOuter`, or `limit` where it lies beyond.
-  PassEvent Crossing(double tFound, double tOuter, double limit, double& found);
+  PassEvent Crossing(double tOuter, double limit, double& found);
+  /// ExtendBracket from the top of a plain pass, by a guess of its length instead of one round after another.
+  bool ExtendFromTop(double& tOuter, double& fOuter, double guess);
+  void StateAt(double julianDay);
   PassEvent EventAt(double julianDay) const;
   bool Stays(const PassRecord& pass) const;
   void Yield(double days);
 
   PassQuery query_;
   PassWatcher& watcher_;
-  StateObjective f_;
+  StateObjective wholeState_;
+  ElevationObjective elevation_;
+  Reach reach_;
+  Objective* f_ = &wholeState_;
+  bool within_ = false;  // bounds of reach_ hold for the satellite in work
+  double tFound_ = 0, fFound_ = 0;
+  bool isTop_ = false;
   YieldClock clock_;
   int currentEntry_ = 0, number_ = 0;
-  double tRise_ = 0, tSet_ = 0;  // a search that fails leaves those of the pass before
+  int events_ = 0, silentEvents_ = 0;  // of this satellite; those that were filed before it was done again
+  double tRise_ = 0, tSet_ = 0;        // a search that fails leaves those of the pass before
 };
 
 }  // namespace halvorine

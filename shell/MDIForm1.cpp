@@ -31,6 +31,7 @@ namespace halvorine {
 
 namespace {
 
+constexpr int widestPanel = 360;                       // pixels
 constexpr int tickPeriod = 1000;                       // ms
 constexpr int firstWidth = 11150, firstHeight = 8200;  // twips
 constexpr QSize roomySize(1180, 740);                  // pixels, where the screen has room
@@ -170,7 +171,8 @@ void MDIForm1::Show() {
 void MDIForm1::SetStatusPanel(int panel, const std::string& text) {
   if (panel < 1 || panel > 3) throw SubscriptFailure("status panel " + std::to_string(panel));
   QLabel* const label = panelTexts_[static_cast<std::size_t>(panel - 1)];
-  const QString shown = ToQ(text);
+  // a place may have a name of any length; the bar must not widen the window
+  const QString shown = label->fontMetrics().elidedText(ToQ(text), Qt::ElideRight, widestPanel);
   if (label->text() != shown) label->setText(shown);
 }
 
@@ -367,7 +369,7 @@ void MDIForm1::closeEvent(QCloseEvent* event) {
     AfterLongOperation = [this] { QTimer::singleShot(0, this, [this] { close(); }); };
     return;
   }
-  if (closing_ || !AskExit()) {
+  if (closing_ || !AskExit() || !FormsMayUnload("MDIForm1")) {
     event->setAccepted(closing_);
     return;
   }

@@ -68,6 +68,12 @@ class MDIForm1 : public QMainWindow, public MainFormCalls {
   void EditDelete();
 
   void OpenFile();
+  void ViewFile();
+  void NewFile();
+  void EditFile();
+  void FormatFile();
+  void SetUpPrinter();
+  void PrintActive();
   void RestoreSettings();
   void SaveSettings();
   void FlipToolbar();
@@ -106,6 +112,7 @@ class MDIForm1 : public QMainWindow, public MainFormCalls {
   QHash<QString, QAction*> toolbarItems_;  // by the command they run
   std::array<QWidget*, 3> panels_{};
   std::array<QLabel*, 3> panelTexts_{};
+  int newFiles_ = 0;              // texts begun so far; each is captioned with its number
   QPointer<QWidget> editTarget_;  // what has, or had before a menu took it, the keyboard
   bool closing_ = false;
 };

@@ -20,6 +20,8 @@ class FormCalls {
   virtual void Unload() = 0;
   /// Brings the window to the front.
   virtual void Show() = 0;
+  /// Asks the user what becomes of unsaved work, where there is any; false keeps the window.
+  virtual bool MayUnload() { return true; }
 };
 
 /// MDIForm1.
@@ -67,6 +69,12 @@ class LocalSkyCalls : public FormCalls {
   virtual void Azzera_dati() = 0;
 };
 
+/// frmGeneralSky.
+class GeneralSkyCalls : public FormCalls {
+ public:
+  virtual void Genera_mappa() = 0;
+};
+
 /// frmFloating.
 class FloatingCalls : public FormCalls {
  public:
@@ -103,6 +111,21 @@ class DatabaseCalls : public FormCalls {
   virtual void ActiveListChanged() = 0;
 };
 
+/// frmDetails: tables of fixed-width rows, and the summary of an element file or a database.
+class DetailsCalls : public FormCalls {
+ public:
+  /// Tabulates an element file, or tells that it is none.
+  virtual void LeggiDiretto(const std::string& path) = 0;
+  /// Reads an element file as a database of its own and tabulates it.
+  virtual void Leggi(const std::string& path) = 0;
+  /// Tabulates the primary (0) or the secondary (1) database.
+  virtual void Sommario(int index) = 0;
+  /// Empties List1 and shows it in the place of ListView1.
+  virtual void BeginRows(const std::string& title) = 0;
+  /// Appends a row to List1.
+  virtual void AddRow(const std::string& row) = 0;
+};
+
 /// frmProgress.
 class ProgressCalls : public FormCalls {
  public:
@@ -116,6 +139,13 @@ class SaveCalls {
  public:
   virtual ~SaveCalls() = default;
   virtual void Salva() = 0;
+};
+
+/// Likewise a window that can print what it shows.
+class PrintCalls {
+ public:
+  virtual ~PrintCalls() = default;
+  virtual void Stampa() = 0;
 };
 
 /// Whether a window of that name is loaded, compared without regard to case. Creates nothing.
@@ -148,7 +178,11 @@ void SetFormMaker(const std::string& name, std::function<void()> maker);
 /// Whether a maker for that window is known.
 bool CanLoadForm(std::string_view name);
 
-/// Unloads all windows but the named one, from the last loaded to the first.
+/// Asks all windows but the named one whether they may be unloaded; false at the first that stays.
+bool FormsMayUnload(std::string_view except);
+
+/// Unloads all windows but the named one, from the last loaded to the first. A window that keeps unsaved work
+/// stays.
 void UnloadAllForms(std::string_view except);
 
 /// Forgets all windows and makers; serves tests.

@@ -145,7 +145,7 @@ TEST_F(MainWindowTest, CommandsWithoutAWindowAreDisabled) {
        {"mnuFileSalva", "mnuModificaCopia", "mnuCieloMappaLocale", "mnuOpzioniGenerali"})
     EXPECT_FALSE(Item(name)->isEnabled()) << name;
   EXPECT_FALSE(Button("LocalSky")->isEnabled());
-  ClickPanel(3);
+  ClickPanel(1);
   EXPECT_TRUE(platform_.messages.empty());
 }
 
