@@ -13,6 +13,7 @@
 #include "astro/mAstro.h"
 #include "astro/mConv.h"
 #include "catalogue/mCatalogue.h"
+#include "catalogue/mElementFile.h"
 #include "catalogue/mTables.h"
 #include "orbit/mSat.h"
 #include "orbit/mSatTexts.h"
@@ -136,6 +137,7 @@ void Elements(std::string_view text) {
   for (int key = 0; key < SortKeyCount; ++key)
     for (const YearReading year : {YearReading::Lenient, YearReading::Strict})
       Demand(IsUtf8(RowText(entry, entry.name, static_cast<SortKey>(key), year)));
+  MakeSummaryRow(ElementSets[1], lines[1], ClockFields.JulianDayNow);
 }
 
 /// First a line with instant, latitude, longitude, height, refraction, phase law and threshold of the Sun;
