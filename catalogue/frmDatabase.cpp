@@ -106,7 +106,7 @@ frmDatabase::frmDatabase() : ChildForm(QString::fromLatin1(section)) {
   ghost_->setFrameShape(QFrame::Box);
   ghost_->setAutoFillBackground(true);
   ghost_->hide();
-  WarnOfOldElements(PrincipalIsOld());
+  frmDatabase::WarnOfOldElements(PrincipalIsOld());
   FillActiveRows();
   ShowActive();
   OrderTabs();
