@@ -35,8 +35,8 @@ void DrawNightGlobe(DrawSurface& surface, const MapView& view, const NightTable&
   const ShadeScope shade(surface, nightColour, nightOpacity);
   for (const GeoPoint& start : table) {
     MapPen pen(surface, view, HiddenPart::LiftsPen);
-    for (double latitude = start.Latitude; (pole - latitude) * step > 0; latitude += step)
-      pen.LineTo({start.Longitude, latitude}, nightColour);
+    for (int i = 0; (pole - start.Latitude - step * i) * step > 0; ++i)
+      pen.LineTo({start.Longitude, start.Latitude + step * i}, nightColour);
     pen.LineTo({start.Longitude, pole},
                nightColour);  // the last step ends on the pole, or a hole stays there
   }
@@ -114,8 +114,8 @@ void DrawParallel(DrawSurface& surface, double centreLatitude, double latitude, 
   const std::optional<double> limit = ParallelLimit(centreLatitude, latitude);
   if (!limit) return;
   PenTo(surface, GlobePoint(centreLatitude, -*limit, latitude));
-  for (double a = -*limit + gridStep; a <= *limit + gridStep; a += gridStep) {
-    const GridPoint point = GlobePoint(centreLatitude, a, latitude);
+  for (int i = 1; gridStep * i <= 2 * *limit + gridStep; ++i) {
+    const GridPoint point = GlobePoint(centreLatitude, -*limit + gridStep * i, latitude);
     if (point.depth >= 0)
       surface.Line(point.x, point.y, colour);
     else
@@ -127,8 +127,8 @@ void DrawMeridian(DrawSurface& surface, double centreLatitude, double longitude,
   const double step = centreLatitude < 0 ? gridStep : -gridStep;
   const double pole = centreLatitude < 0 ? -90 : 90;
   PenTo(surface, GlobePoint(centreLatitude, longitude, pole));
-  for (double latitude = pole + step; std::abs(latitude) <= 90; latitude += step) {
-    const GridPoint point = GlobePoint(centreLatitude, longitude, latitude);
+  for (int i = 1; i * gridStep <= 180; ++i) {
+    const GridPoint point = GlobePoint(centreLatitude, longitude, pole + i * step);
     if (!(point.depth >= 0)) return;
     surface.Line(point.x, point.y, colour);
   }
