@@ -240,6 +240,8 @@ void PassEngine::SearchWithinReach(double tStart, double tEnd, double step, doub
   double cursor = tStart;
   double tFound = tStart;
   bool known = true;  // the slope is that at the cursor
+  // the instants of the walk are sums of its steps, to the bit
+  // NOLINTNEXTLINE(cert-flp30-c,clang-analyzer-security.FloatLoopCounter)
   for (double next = cursor + step; next < tEnd; cursor = next, next = cursor + step) {
     if (reach_.CannotRise(cursor, next)) {
       known = false;
