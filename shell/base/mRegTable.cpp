@@ -28,6 +28,7 @@ const std::array<const char*, 31> defaultPaths = {
     "/NORAD/elements/education.txt", "/NORAD/elements/radar.txt",      "/NORAD/elements/military.txtl",
     "/NORAD/elements/other.txt"};
 
+// NOLINTNEXTLINE(readability-function-size): one row a line, and nothing but rows
 std::vector<OptionRow> FixedRows() {
   return {
       {"Satelliti", "Propagatore", "2", [](ProgramOptions& o) -> OptionField { return &o.Propagator; }},

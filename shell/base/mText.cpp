@@ -68,9 +68,9 @@ std::string_view Trimmed(std::string_view text) {
 }
 
 std::string_view Columns(std::string_view text, int first, int last) {
-  const auto begin = static_cast<std::size_t>(first - 1);
+  const std::size_t begin = static_cast<std::size_t>(first) - 1;
   if (begin >= text.size()) return {};
-  return text.substr(begin, static_cast<std::size_t>(last - first + 1));
+  return text.substr(begin, static_cast<std::size_t>(last) - begin);
 }
 
 std::string ProperCase(std::string_view text) {

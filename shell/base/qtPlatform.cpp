@@ -43,7 +43,7 @@ QString KnownProgram(const QString& name) {
   if (name != QLatin1String("calc.exe")) return name;
   for (const char* const candidate :
        {"gnome-calculator", "kcalc", "mate-calc", "galculator", "qalculate-gtk", "qalculate-qt", "xcalc"}) {
-    const QString found = QStandardPaths::findExecutable(QLatin1String(candidate));
+    QString found = QStandardPaths::findExecutable(QLatin1String(candidate));
     if (!found.isEmpty()) return found;
   }
   return {};
