@@ -3,17 +3,21 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QResizeEvent>
 #include <QVBoxLayout>
 
 #include "controls/qtIcons.h"
 #include "controls/qtLook.h"
+#include "shell/base/mHelp.h"
+#include "shell/base/mLongOperation.h"
 
 namespace halvorine {
 
 namespace {
 
 constexpr const char* section = "frmDatabase";
+constexpr int helpTopic = 80;
 constexpr int activeWidth = 290;  // logical pixels, at the first size of the window
 
 /// A label that shows the middle of a long path as dots and the whole of it as tooltip.
@@ -74,7 +78,7 @@ frmDatabase::frmDatabase() : ChildForm(QString::fromLatin1(section)) {
   upper->addWidget(MakeActive());
   GraphButton* const help = MakeButton("cmdHelp", -1, "Buttons", "help", nullptr);
   GraphButton* const ok = MakeButton("cmdOK", -1, "Buttons", "ok", nullptr);
-  help->setEnabled(false);
+  connect(help, &QPushButton::clicked, this, [] { OpenHelpFile(helpTopic); });
   // outside a dialog a button that takes Enter by focus would lose its mark as the default with the focus
   ok->setAutoDefault(false);
   ok->setDefault(true);
@@ -94,6 +98,14 @@ frmDatabase::frmDatabase() : ChildForm(QString::fromLatin1(section)) {
     ShowRows(index);
     ShowStatistics(index);
   }
+  connect(active_, &RowList::RowDoubleClicked, this, &frmDatabase::lstActive_DblClick, Qt::QueuedConnection);
+  ghost_ = Named(new QLabel(this), "lblGhost");
+  ghost_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  ghost_->setTextFormat(Qt::PlainText);
+  ghost_->setFrameShape(QFrame::Box);
+  ghost_->setAutoFillBackground(true);
+  ghost_->hide();
+  WarnOfOldElements(PrincipalIsOld());
   FillActiveRows();
   ShowActive();
   OrderTabs();
@@ -138,21 +150,23 @@ QWidget* frmDatabase::MakeList(int index) {
                   Text(section, index == Primary ? "dbprincipale" : "dbsecondario"));
   tab.model = new DatabaseModel(tab.list);
   tab.list->setModel(tab.model);
+  tab.list->SetDraggable();
+  if (CanLoadForm("frmSatellite")) tab.list->SetTip(Text(section, "doppioclickparametri"));
   columns->addWidget(tab.list, 1);
   auto* const commands = new QVBoxLayout();
   commands->setSpacing(6);
   GraphButton* const open = MakeButton("cmdDatabase", index, section, "apri", "open");
   connect(open, &QPushButton::clicked, this, [index] { Apertura_database(index); });
   commands->addWidget(open);
-  GraphButton* const waiting[] = {
-      MakeButton("cmdDownload", index, "Buttons", "download", "net"),
-      MakeButton("cmdSommario", index, section, "sommario", "table"),
-      MakeButton("cmdVisibili", index, "Buttons", "intransito", "find"),
-  };
-  for (GraphButton* const button : waiting) {
-    button->setEnabled(false);
+  GraphButton* const download = MakeButton("cmdDownload", index, "Buttons", "download", "net");
+  download->setEnabled(CanLoadForm("frmDownload"));
+  connect(download, &QPushButton::clicked, this, [] {
+    if (MainFormCalls* const main = MainForm()) main->RunCommand("mnuStrumentiDownload");
+  });
+  tab.visible = MakeButton("cmdVisibili", index, "Buttons", "intransito", "find");
+  for (GraphButton* const button :
+       {download, MakeButton("cmdSommario", index, section, "sommario", "table"), tab.visible})
     commands->addWidget(button);
-  }
   commands->addStretch();
   tab.add = MakeButton("cmdAdd", index, section, "aggiungi", "b_add");
   tab.remove = MakeButton("cmdRemove", index, section, "rimuovi", "b_remove");
@@ -192,6 +206,12 @@ QWidget* frmDatabase::MakeStatistics(int index) {
     *row.label = Value(row.name, index);
     grid->addWidget(*row.label, row.row, row.column + 1);
   }
+  if (index == Primary) {
+    oldElements_ = Named(new QLabel(Text("MDIForm1", "elementivecchi")), "lblElementiVecchi");
+    oldElements_->setWordWrap(true);
+    oldElements_->setVisible(false);
+    grid->addWidget(oldElements_, 4, 0, 1, 5);
+  }
   return tab.frame;
 }
 
@@ -212,6 +232,7 @@ QWidget* frmDatabase::MakeActive() {
   count->addWidget(activeCount_);
   rows->addLayout(count);
   rows->addLayout(MakeActiveCommands());
+  if (CanLoadForm("frmSatellite")) active_->SetTip(Text(section, "doppioclickparametri"));
   connect(active_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           [this](const QItemSelection& selected) {
             if (!selected.isEmpty())
@@ -250,6 +271,16 @@ void frmDatabase::Connect(int index) {
           [this, index] { SelectionChanged(index); });
   connect(tab.add, &QPushButton::clicked, this, [this, index] { cmdAdd_Click(index); });
   connect(tab.remove, &QPushButton::clicked, this, [this] { cmdRemove_Click(); });
+  connect(Control<GraphButton>(this, "cmdSommario", index), &QPushButton::clicked, this,
+          [this, index] { cmdSommario_Click(index); });
+  connect(tab.visible, &QPushButton::clicked, this, [this, index] { cmdVisibili_Click(index); });
+  connect(tab.list, &RowList::DragMoved, this, [this, index](QPoint at) { DragMoved(index, at); });
+  connect(tab.list, &RowList::DragEnded, this, [this, index] { DragEnded(index); });
+  // queued, so that what they open does not stand on the list's own handlers
+  connect(tab.list, &RowList::DragDropped, this, &frmDatabase::Drop, Qt::QueuedConnection);
+  connect(
+      tab.list, &RowList::RowDoubleClicked, this, [this, index] { lstDatabase_DblClick(index); },
+      Qt::QueuedConnection);
 }
 
 void frmDatabase::OrderTabs() {
@@ -273,6 +304,10 @@ void frmDatabase::ShowRows(int index) {
   Tab& tab = TabOf(index);
   tab.model->SetRows(ListedRows(index));
   tab.selected->setText(QStringLiteral("0"));
+  tab.list->CancelDrag();
+  tab.visible->setEnabled(tab.list->RowCount() > 0);
+  const bool canSummarise = tab.list->RowCount() > 0 && CanLoadForm("frmDetails");
+  Control<GraphButton>(this, "cmdSommario", index)->setEnabled(canSummarise);
 }
 
 void frmDatabase::ShowStatistics(int index) {
@@ -318,6 +353,10 @@ void frmDatabase::ActiveListChanged() {
   ShowActive();
 }
 
+void frmDatabase::WarnOfOldElements(bool old) {
+  if (oldElements_->isHidden() == old) oldElements_->setVisible(old);
+}
+
 void frmDatabase::SelectActive(int position) { active_->SelectOnly(position); }
 
 void frmDatabase::SelectionChanged(int index) {
@@ -340,6 +379,56 @@ void frmDatabase::cmdAdd_Click(int index) {
 }
 
 void frmDatabase::cmdRemove_Click() { halvorine::RemoveSelected(active_->SelectedRows()); }
+
+void frmDatabase::cmdSommario_Click(int index) {
+  if (TabOf(index).list->RowCount() == 0 || LongOperation::Refused()) return;
+  auto* const details = Load<DetailsCalls>("frmDetails");
+  if (details == nullptr) return;
+  details->Show();
+  details->Sommario(index);
+}
+
+void frmDatabase::cmdVisibili_Click(int index) { TabOf(index).list->SelectRows(RowsAboveHorizon(index)); }
+
+void frmDatabase::lstDatabase_DblClick(int index) {
+  const Tab& tab = TabOf(index);
+  const QModelIndex row = tab.list->currentIndex();
+  ShowEntry(index, row.isValid() ? tab.model->Number(row.row()) : DatabaseTag);
+}
+
+void frmDatabase::lstActive_DblClick() {
+  const QModelIndex row = active_->currentIndex();
+  if (row.isValid()) ShowSatellite(row.row() + 1);
+}
+
+bool frmDatabase::IsOverActive(QPoint at) const {
+  return isVisible() && isEnabled() && active_->rect().contains(active_->mapFromGlobal(at));
+}
+
+void frmDatabase::DragMoved(int index, QPoint at) {
+  RowList* const list = TabOf(index).list;
+  if (ghost_->isHidden()) {
+    const QModelIndex row = list->currentIndex();
+    ghost_->setText(row.data().toString());
+    ghost_->resize(list->visualRect(row).size());
+    ghost_->raise();
+    ghost_->show();
+  }
+  ghost_->move(mapFromGlobal(at) - ghost_->rect().center());
+  list->viewport()->setCursor(IsOverActive(at) ? Qt::DragCopyCursor : Qt::ForbiddenCursor);
+}
+
+void frmDatabase::DragEnded(int index) {
+  ghost_->hide();
+  TabOf(index).list->viewport()->unsetCursor();
+}
+
+void frmDatabase::Drop(QPoint at) {
+  if (!IsOverActive(at)) return;
+  const QPointer<frmDatabase> alive(this);  // a message can outlive the window
+  cmdAdd_Click(pages_->currentIndex());
+  if (alive) active_->MakeCurrent(active_->RowCount() - 1);
+}
 
 void frmDatabase::Move(ActiveMove move) {
   const int position = MoveSelected(active_->SelectedRows(), move);

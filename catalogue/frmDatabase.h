@@ -26,6 +26,7 @@ class frmDatabase : public ChildForm, public DatabaseCalls {
   void SelectActive(int position) override;
   void RemoveSelected() override { cmdRemove_Click(); }
   void ActiveListChanged() override;
+  void WarnOfOldElements(bool old) override;
 
  protected:
   bool CloseUnloads() const override { return false; }
@@ -37,7 +38,7 @@ class frmDatabase : public ChildForm, public DatabaseCalls {
     RowList* list = nullptr;
     DatabaseModel* model = nullptr;
     QComboBox* sort = nullptr;
-    GraphButton *add = nullptr, *remove = nullptr;
+    GraphButton *add = nullptr, *remove = nullptr, *visible = nullptr;
     QLabel *path = nullptr, *loaded = nullptr, *oldest = nullptr, *newest = nullptr, *mean = nullptr,
            *magnitudes = nullptr, *selected = nullptr;
     QGroupBox* frame = nullptr;
@@ -62,6 +63,15 @@ class frmDatabase : public ChildForm, public DatabaseCalls {
   void cmbOrdina_Click(int index);
   void cmdAdd_Click(int index);
   void cmdRemove_Click();
+  void cmdSommario_Click(int index);
+  void cmdVisibili_Click(int index);
+  void lstDatabase_DblClick(int index);
+  void lstActive_DblClick();
+  /// The ghost of the dragged row follows the pointer.
+  void DragMoved(int index, QPoint at);
+  void DragEnded(int index);
+  void Drop(QPoint at);
+  bool IsOverActive(QPoint at) const;
   void Move(ActiveMove move);
 
   Tab& TabOf(int index) { return tabs_.at(static_cast<std::size_t>(index)); }
@@ -71,6 +81,7 @@ class frmDatabase : public ChildForm, public DatabaseCalls {
   RowList* active_ = nullptr;
   ActiveModel* activeModel_ = nullptr;
   QLabel* activeCount_ = nullptr;
+  QLabel *ghost_ = nullptr, *oldElements_ = nullptr;
   QWidget* focusBeforeRead_ = nullptr;
 };
 

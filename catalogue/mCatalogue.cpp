@@ -57,22 +57,27 @@ StatsTexts StatsTextsOf(int index) {
           std::to_string(stats.magnitudes)};
 }
 
-namespace {
-
-/// Where the chooser starts: at the primary file, else in the folder of the sample.
 std::string ChooserStart() {
   if (!PrimaryDatabasePath.empty()) return PrimaryDatabasePath;
   return (std::filesystem::path(AppPath) / "elements").string();
 }
 
+namespace {
+
+bool IsOfZeroLength(const std::string& path) {
+  std::error_code failed;
+  return std::filesystem::file_size(path, failed) == 0 && !failed;
+}
+
 }  // namespace
 
-void Apertura_database(int index) {
+void Apertura_database(int index, EmptyFile empty) {
   DatabaseOf(index);
   if (LongOperation::Refused()) return;
   const std::optional<std::string> chosen = ThePlatform().ChooseFile(
       {LookupText("Dialogs", "apritle"), LookupText("Dialogs", "filtrotle"), ChooserStart(), false});
   if (!chosen || chosen->empty()) return;
+  if (empty == EmptyFile::IsIgnored && IsOfZeroLength(*chosen)) return;
   PublishRows(index, nullptr);
   if (index == Primary) {
     PrimaryDatabasePath = *chosen;

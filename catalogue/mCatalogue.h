@@ -136,8 +136,24 @@ void Database_satelliti(const std::string& path);
 /// Reads the secondary file; the active list is not touched.
 void Database_satelliti_secondario(const std::string& path);
 
+/// Where a chooser for an element file starts: at the primary file, else in the folder of the sample.
+std::string ChooserStart();
+
+/// What happens to a chosen file of zero length: it is read and refused or not as any other, or left alone.
+enum class EmptyFile : std::uint8_t { IsRead, IsIgnored };
+
 /// Asks for the file of a database, reads it and shows frmDatabase. A cancelled chooser does nothing.
-void Apertura_database(int index);
+void Apertura_database(int index, EmptyFile empty = EmptyFile::IsRead);
+
+/// Rows of a list, in its order, whose satellite stands above the observer's horizon at the program's clock:
+/// what cmdVisibili selects. Entries that cannot be computed are left out. Uses the scratch slot.
+std::vector<int> RowsAboveHorizon(int index);
+
+/// Decodes an entry into the scratch slot and shows it in frmSatellite. Does nothing for an entry that does
+/// not exist or where there is no such window.
+void ShowEntry(int index, int number);
+/// Shows a slot in frmSatellite, where there is such a window.
+void ShowSatellite(int slot);
 
 /// For commands that need the primary database: true where rows are listed; otherwise asks whether to read
 /// the primary file, does so and tells whether there are rows then.
@@ -187,15 +203,25 @@ void ClearActive();
 /// Tells the loaded windows that slot 1 holds another satellite: status bar, world map, transit chart.
 void PrincipalChanged();
 
+/// Whether the elements of the principal satellite are older than 30 days at the program's clock.
+bool PrincipalIsOld();
+/// Tells it to the main window and to frmDatabase.
+void ShowPrincipalAge();
+
 /// Reads "\Halvorine.ini" into the source lines of slots 1 to 200. A missing file is an empty list, an
-/// incomplete entry at the end is left out. FileFailure where the file cannot be read.
+/// incomplete entry at the end is left out. FileFailure where the file cannot be read; the list is empty
+/// then.
 void LoadActiveList();
 
 /// Decodes the source lines of all active slots. A slot that fails keeps what could be decoded.
 void DecodeActiveList();
 
 /// Writes the active list to "\Halvorine.ini": decoded name and both lines of each. FileFailure where that
-/// fails; the old file then stays.
+/// fails; the old file then stays. A file that could not be read is replaced only if the user agrees.
 void Salva_Ini();
+
+/// Whether the active list holds other elements, or the same in another order, than when it was last loaded
+/// or written. Names do not count: they are written in another case than files have them.
+bool ActiveListChanged();
 
 }  // namespace halvorine

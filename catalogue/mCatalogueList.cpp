@@ -65,6 +65,7 @@ void Compact() {
 void ShowPrincipalName() {
   if (MainFormCalls* const main = MainForm())
     main->SetStatusPanel(2, std::string(Trimmed(ElementSets[1].Name)));
+  ShowPrincipalAge();
 }
 
 void BlankWhenEmpty() {
@@ -222,7 +223,8 @@ void PrincipalChanged() {
   auto* const sky = Loaded<LocalSkyCalls>("frmLocalSky");
   if (main == nullptr || sky == nullptr || !main->IsChecked("mnuLocalSkyTransitoPrincipale")) return;
   main->SetChecked("mnuLocalSkyTempi", false);
-  main->SetChecked("mnuLocalSkyTransitoPrincipale", false);
+  main->SetChecked("mnuLocalSkyTransitoPrincipale", false);  // its toolbar button follows
+  sky->ResetModeButton();
   sky->Genera_mappa();
 }
 

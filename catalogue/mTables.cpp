@@ -1,5 +1,6 @@
 #include "catalogue/mTables.h"
 
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -19,7 +20,9 @@ constexpr int highestNumber = 999999;
 }  // namespace
 
 void ReadMagnitudes(std::string_view text) {
-  std::vector<std::string> table;
+  // rows may fall as well as rise, so that the table is made when the last of them is known
+  std::map<std::size_t, std::string> rows;
+  std::size_t size = 0;
   ItemReader items(text);
   while (!items.AtEnd()) {
     const std::string field = items.Text();
@@ -27,10 +30,12 @@ void ReadMagnitudes(std::string_view text) {
     const int number = ToInt32(ParseStrict(field));
     if (number < 0 || number > highestNumber)
       throw SubscriptFailure("magnitude of catalogue number " + field);
-    const auto index = static_cast<std::size_t>(number);
-    table.resize(index + 1);
-    table[index] = items.Text();
+    size = static_cast<std::size_t>(number) + 1;
+    rows.erase(rows.upper_bound(size - 1), rows.end());
+    rows[size - 1] = items.Text();
   }
+  std::vector<std::string> table(size);
+  for (auto& [number, magnitude] : rows) table[number] = std::move(magnitude);
   MagnitudeTable = std::move(table);
 }
 

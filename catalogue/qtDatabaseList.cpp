@@ -1,5 +1,6 @@
 #include "catalogue/qtDatabaseList.h"
 
+#include <QApplication>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
@@ -92,6 +93,25 @@ void RowList::SelectOnly(int row) {
     selectionModel()->setCurrentIndex(model()->index(row, 0), QItemSelectionModel::ClearAndSelect);
 }
 
+void RowList::SelectRows(const std::vector<int>& rows) {
+  QItemSelection selection;
+  for (std::size_t first = 0, last = 0; first < rows.size(); first = last + 1) {
+    last = first;
+    while (last + 1 < rows.size() && rows[last + 1] == rows[last] + 1) ++last;
+    selection.append(QItemSelectionRange(model()->index(rows[first], 0), model()->index(rows[last], 0)));
+  }
+  // emptied first: the view compares every old range with every new one
+  selectionModel()->clearSelection();
+  selectionModel()->select(selection, QItemSelectionModel::Select);
+}
+
+void RowList::MakeCurrent(int row) {
+  if (row < 0 || row >= RowCount()) return;
+  const QModelIndex index = model()->index(row, 0);
+  selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+  scrollTo(index);
+}
+
 void RowList::paintEvent(QPaintEvent* event) {
   QListView::paintEvent(event);
   if (RowCount() > 0 || hint_.isEmpty()) return;
@@ -106,11 +126,72 @@ bool RowList::viewportEvent(QEvent* event) {
   const QPoint at = static_cast<QHelpEvent*>(event)->pos();
   const QModelIndex index = indexAt(at);
   const bool cut = index.isValid() && sizeHintForIndex(index).width() > visualRect(index).width();
-  if (cut)
-    QToolTip::showText(viewport()->mapToGlobal(at), index.data().toString(), viewport());
-  else
+  QStringList lines;
+  if (cut) lines << index.data().toString();
+  if (index.isValid() && !tip_.isEmpty()) lines << tip_;
+  if (lines.isEmpty())
     QToolTip::hideText();
+  else
+    QToolTip::showText(viewport()->mapToGlobal(at), lines.join(QLatin1Char('\n')), viewport());
   return true;
+}
+
+void RowList::mousePressEvent(QMouseEvent* event) {
+  CancelDrag();  // by another button
+  if (drag_ == Drag::Cancelled && event->button() != Qt::LeftButton) return;
+  QListView::mousePressEvent(event);
+  const bool onRow = indexAt(event->position().toPoint()).isValid();
+  drag_ = draggable_ && event->button() == Qt::LeftButton && onRow ? Drag::Pressed : Drag::None;
+  pressedAt_ = event->position().toPoint();
+}
+
+void RowList::mouseMoveEvent(QMouseEvent* event) {
+  if (drag_ == Drag::None) {
+    QListView::mouseMoveEvent(event);
+    return;
+  }
+  const int way = (event->position().toPoint() - pressedAt_).manhattanLength();
+  if (drag_ == Drag::Pressed && way >= QApplication::startDragDistance()) drag_ = Drag::Moving;
+  if (drag_ == Drag::Moving) Q_EMIT DragMoved(event->globalPosition().toPoint());
+}
+
+void RowList::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton && drag_ != Drag::None) return;
+  const Drag ended = std::exchange(drag_, Drag::None);
+  // the view would take a release outside the list for a click beside the rows
+  if (ended == Drag::None || ended == Drag::Pressed) QListView::mouseReleaseEvent(event);
+  if (ended != Drag::Moving) return;
+  Q_EMIT DragEnded();
+  Q_EMIT DragDropped(event->globalPosition().toPoint());
+}
+
+void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
+  QListView::mouseDoubleClickEvent(event);
+  if (event->button() == Qt::LeftButton) Q_EMIT RowDoubleClicked();
+}
+
+void RowList::CancelDrag() {
+  if (drag_ == Drag::Pressed) drag_ = Drag::Cancelled;
+  if (drag_ != Drag::Moving) return;
+  drag_ = Drag::Cancelled;
+  Q_EMIT DragEnded();
+}
+
+void RowList::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape && drag_ == Drag::Moving)
+    CancelDrag();
+  else
+    QListView::keyPressEvent(event);
+}
+
+void RowList::hideEvent(QHideEvent* event) {
+  CancelDrag();
+  QListView::hideEvent(event);
+}
+
+void RowList::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::EnabledChange) CancelDrag();
+  QListView::changeEvent(event);
 }
 
 }  // namespace halvorine

@@ -31,10 +31,15 @@ std::vector<ButtonRow> RowsOf(MessageButtons buttons) {
     return std::vector<ButtonRow>{{"cmdYes", "yes", "Yes", MessageAnswer::Yes, !no},
                                   {"cmdNo", "no", "No", MessageAnswer::No, no}};
   };
+  const ButtonRow cancel = {"cmdCancel", "cancel", "Cancel", MessageAnswer::Cancel, false};
   switch (buttons) {
+    case MessageButtons::YesNoCancel: {
+      std::vector<ButtonRow> rows = yesNo(false);
+      rows.push_back(cancel);
+      return rows;
+    }
     case MessageButtons::OkCancel:
-      return {{"cmdOK", "ok", "OK", MessageAnswer::Ok, true},
-              {"cmdCancel", "cancel", "Cancel", MessageAnswer::Cancel, false}};
+      return {{"cmdOK", "ok", "OK", MessageAnswer::Ok, true}, cancel};
     case MessageButtons::YesNo:
       return yesNo(false);
     case MessageButtons::YesNoDefaultNo:

@@ -70,7 +70,7 @@ frmWorldMap::frmWorldMap() : ChildForm(QString::fromStdString(section)) {
   SetChecksFromOptions();
   PlaceDataBox();
   ConnectMouse();
-  ResetTitle();
+  frmWorldMap::ResetTitle();
   Publish(this);
 }
 

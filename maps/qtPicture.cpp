@@ -11,7 +11,7 @@ namespace {
 
 constexpr double twips = 15;                // to a logical pixel
 constexpr double photographDimming = 0.35;  // taken off a photograph before it turns red
-constexpr int tileSize = 8;                 // device pixels
+constexpr int tileSize = 16;                // device pixels
 
 QImage Dimmed(const QImage& picture, double opacity) {
   QImage image = picture.convertToFormat(QImage::Format_RGB32);

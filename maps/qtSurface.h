@@ -4,13 +4,14 @@
 #pragma once
 
 #include <QColor>
-#include <QHash>
 #include <QImage>
-#include <QPainterPath>
 #include <QPixmap>
 #include <QPolygonF>
 #include <QWidget>
 #include <functional>
+#include <memory>
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "maps/DrawSurface.h"
@@ -62,6 +63,8 @@ class TouchedTiles {
 
 class PixmapSurface : public DrawSurface {
  public:
+  PixmapSurface();
+  ~PixmapSurface() override;
   /// New size in logical pixels; both layers become empty.
   void Resize(QSize size, double pixelRatio);
   /// Paints both layers with their top left corner at the painter's origin.
@@ -87,23 +90,29 @@ class PixmapSurface : public DrawSurface {
   void DevicePicture(DeviceSpot corner, DeviceSize size, const DrawPicture& picture) override;
 
  private:
-  /// Lines of one colour within a curve.
-  struct CurvePart {
+  /// A piece of a curve, logical pixels.
+  struct CurveLine {
+    QPointF from, to;
     DrawStroke stroke;
-    QPainterPath path;
   };
 
   QImage& Target() { return AutoRedraw() ? persistent_ : transient_; }
+  /// The painter of the present layer, without brush; it stays open between operations.
+  QPainter& OpenPainter(bool smooth);
+  void ClosePainter() const;
+  std::string FontKey(std::string_view text) const;
   void Touched(const QRectF& logicalArea);
   void AddShadeLine(DeviceSpot from, DeviceSpot to);
-  void AddCurveLine(DeviceSpot from, DeviceSpot to, const DrawStroke& stroke);
-  const QImage& PreparedText(const QString& text, Colour colour);
+  void PaintCasing(const QRect& area);
+  const QImage& TextImage(std::string_view text, Colour colour);
 
   QSize size_;  // logical pixels
   double ratio_ = 1;
   QImage persistent_, transient_;
   TouchedTiles touched_;
-  QHash<QString, QImage> texts_;
+  std::unordered_map<std::string, QImage> texts_;  // by text, font and colours
+  mutable std::unordered_map<std::string, DeviceSize> extents_;
+  mutable std::unique_ptr<QPainter> painter_;
 
   bool shading_ = false;
   Colour shadeColour_ = Black;
@@ -112,7 +121,7 @@ class PixmapSurface : public DrawSurface {
 
   bool curving_ = false;
   double casing_ = 0;
-  std::vector<CurvePart> curve_;
+  std::vector<CurveLine> curve_;
 };
 
 /// A drawing box of a window.

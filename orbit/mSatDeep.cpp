@@ -12,6 +12,7 @@ constexpr double znl = 0.00015835218;  // lunar
 constexpr double thdt = 0.0043752691;  // the Earth's rotation, radians per minute
 constexpr double step = 720;           // minutes
 constexpr double step2 = 259200;
+constexpr double furthest = 500000 * step;  // about 700 years; beyond, the steps would hold up the program
 
 /// Sun or Moon as the disturbing body of one pass of the initialisation.
 struct Body {
@@ -386,6 +387,7 @@ void AddSecular(WorkingElementsRecord& w, DeepStateRecord& k) {
     w.Omgasm = w.Omgasm - Pi;
   }
   if (!k.iresfl) return;
+  if (!(std::fabs(t) <= furthest)) FailOverflow(t);
   const Resonance r = IntegrateTo(t, k);
   const double ft = t - r.atime;
   w.Xn = r.xni + r.xndot * ft + r.xnddt * ft * ft * 0.5;

@@ -31,6 +31,7 @@ namespace halvorine {
 
 namespace {
 
+constexpr int widestPanel = 360;                       // pixels
 constexpr int tickPeriod = 1000;                       // ms
 constexpr int firstWidth = 11150, firstHeight = 8200;  // twips
 constexpr QSize roomySize(1180, 740);                  // pixels, where the screen has room
@@ -77,6 +78,7 @@ MDIForm1::MDIForm1() : area_(new QMdiArea(this)), toolbar_(nullptr), tmrCentrale
   SetWorkArea(area_);
   RegisterForm("MDIForm1", this);
   MakeMenus();
+  FollowFocus();
   MakeToolbar();
   MakeStatusBar();
   tmrCentrale_->setObjectName(QStringLiteral("tmrCentrale"));
@@ -87,6 +89,8 @@ MDIForm1::MDIForm1() : area_(new QMdiArea(this)), toolbar_(nullptr), tmrCentrale
 }
 
 MDIForm1::~MDIForm1() {
+  // the focus still moves while the controls go, after the members of this class have gone
+  disconnect(qApp, nullptr, this, nullptr);
   UnregisterForm("MDIForm1");
   SetWorkArea(nullptr);
 }
@@ -113,8 +117,7 @@ void MDIForm1::Load() {
   frmAbout splash;
   splash.ShowSplash(Text("frmAbout", "letturadati"));
   LoadDataTables();
-  LoadActiveList();
-  DecodeActiveList();
+  LoadSatellites();
   TickEnabled = SatelliteTickEnabled = true;
   tmrCentrale_Timer();
   splash.close();
@@ -152,11 +155,35 @@ void MDIForm1::Lingua() {
     if (!popupRoot) item.value()->setText(caption);
   }
   CaptionToolbar();
+  CaptionPanels();
+}
+
+void MDIForm1::CaptionPanels() {
   constexpr std::array<const char*, 3> tips = {"data", "satellite", "localita"};
+  const std::string section = FromQ(objectName());
   for (std::size_t i = 0; i < panels_.size(); ++i) {
     panels_[i]->setToolTip(Text(section, tips[i]));
     panelTexts_[i]->setAccessibleName(Text(section, tips[i]));
   }
+  QWidget* const satellite = panels_[1];
+  const QString warning = oldElements_ ? Text(section, "elementivecchi") : QString();
+  if (!warning.isEmpty()) satellite->setToolTip(satellite->toolTip() + QLatin1Char('\n') + warning);
+  panelTexts_[1]->setAccessibleDescription(warning);
+}
+
+void MDIForm1::WarnOfOldElements(bool old) {
+  if (old == oldElements_) return;
+  oldElements_ = old;
+  CaptionPanels();
+}
+
+void MDIForm1::LoadSatellites() {
+  try {
+    LoadActiveList();
+  } catch (const FileFailure& failure) {
+    Tell(MessageKind::Warning, LookupText("MDIForm1", "elencoillegibile") + "\n" + failure.what());
+  }
+  DecodeActiveList();
 }
 
 void MDIForm1::Show() {
@@ -167,7 +194,8 @@ void MDIForm1::Show() {
 void MDIForm1::SetStatusPanel(int panel, const std::string& text) {
   if (panel < 1 || panel > 3) throw SubscriptFailure("status panel " + std::to_string(panel));
   QLabel* const label = panelTexts_[static_cast<std::size_t>(panel - 1)];
-  const QString shown = ToQ(text);
+  // a place may have a name of any length; the bar must not widen the window
+  const QString shown = label->fontMetrics().elidedText(ToQ(text), Qt::ElideRight, widestPanel);
   if (label->text() != shown) label->setText(shown);
 }
 
@@ -187,7 +215,7 @@ void MDIForm1::PopupMenu(std::string_view menu, int screenX, int screenY) {
 }
 
 void MDIForm1::OpenFile() {
-  if (!LongOperation::Refused()) Apertura_database(Primary);
+  if (!LongOperation::Refused()) Apertura_database(Primary, EmptyFile::IsIgnored);
 }
 
 void MDIForm1::RestoreSettings() {
@@ -197,13 +225,15 @@ void MDIForm1::RestoreSettings() {
     Impostazioni_default();
 }
 
-void MDIForm1::SaveSettings() {
+bool MDIForm1::TrySaveSettings() {
   try {
     Salva_impostazioni();
     Salva_Ini();
     MakeSavedCopies();
+    return true;
   } catch (const RuntimeFailure& failure) {
     Tell(MessageKind::Warning, LookupText("Dialogs", "nonsalvato") + "\n" + failure.what());
+    return false;
   }
 }
 
@@ -287,12 +317,6 @@ void MDIForm1::ArrangeAll() {
   }
 }
 
-void MDIForm1::OpenHelpFile(int topic) {
-  const std::string file = FindProgramFile(LookupText("Help", "file"));
-  if (file.empty() || !ThePlatform().OpenHelp(file, topic))
-    Tell(MessageKind::Information, LookupText("MDIForm1", "nofilehelp"));
-}
-
 void MDIForm1::OpenAbout() {
   frmAbout about(this);
   about.exec();
@@ -347,11 +371,15 @@ bool MDIForm1::AskExit() {
                                        MessageButtons::YesNo) != MessageAnswer::Yes)
     return false;
   bool changed = false;
-  if (Options.CheckOptions != 0) OptionsChanged(changed);
-  if (changed && Tell(MessageKind::Question, LookupText("MDIForm1", "modificheimpostazioni"),
-                      MessageButtons::YesNo) == MessageAnswer::Yes)
-    SaveSettings();
-  return true;
+  if (Options.CheckOptions != 0) {
+    OptionsChanged(changed);
+    changed = changed || ActiveListChanged();
+  }
+  if (!changed || Tell(MessageKind::Question, LookupText("MDIForm1", "modificheimpostazioni"),
+                       MessageButtons::YesNo) != MessageAnswer::Yes)
+    return true;
+  // what the user wants saved and cannot be is not to be lost with the program
+  return TrySaveSettings();
 }
 
 void MDIForm1::EndProgram() { close(); }
@@ -364,7 +392,7 @@ void MDIForm1::closeEvent(QCloseEvent* event) {
     AfterLongOperation = [this] { QTimer::singleShot(0, this, [this] { close(); }); };
     return;
   }
-  if (closing_ || !AskExit()) {
+  if (closing_ || !AskExit() || !FormsMayUnload("MDIForm1")) {
     event->setAccepted(closing_);
     return;
   }
@@ -372,6 +400,7 @@ void MDIForm1::closeEvent(QCloseEvent* event) {
   TickEnabled = false;
   tmrCentrale_->stop();
   UnloadAllForms("MDIForm1");
+  TickEnabled = false;  // the end of the time window has set the clock going again
   event->accept();
   QCoreApplication::quit();
 }

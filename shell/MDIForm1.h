@@ -9,11 +9,13 @@
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMenu>
+#include <QPointer>
 #include <QTimer>
 #include <QToolBar>
 #include <array>
 
 #include "shell/base/mForms.h"
+#include "shell/base/mHelp.h"
 
 namespace halvorine {
 
@@ -32,6 +34,7 @@ class MDIForm1 : public QMainWindow, public MainFormCalls {
   void Unload() override { close(); }
   void Show() override;
   void SetStatusPanel(int panel, const std::string& text) override;
+  void WarnOfOldElements(bool old) override;
   bool IsChecked(std::string_view item) const override;
   void SetChecked(std::string_view item, bool checked) override;
   void SetEnabled(std::string_view item, bool enabled) override;
@@ -40,6 +43,7 @@ class MDIForm1 : public QMainWindow, public MainFormCalls {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   friend struct MenuTable;
@@ -49,15 +53,35 @@ class MDIForm1 : public QMainWindow, public MainFormCalls {
   void MakeToolbar();
   void MakeStatusBar();
   void CaptionToolbar();
+  void CaptionPanels();
+  void LoadSatellites();
   QAction* Item(std::string_view name) const;
   void RunRow(const QString& name);
   void ShowDialog(QDialog& dialog);
   bool AskExit();
   void EndProgram();
 
+  void FollowFocus();
+  void EnableFileItems();
+  void EnableEditItems();
+  void SaveActive();
+  void EditUndo();
+  void EditCut();
+  void EditCopy();
+  void EditPaste();
+  void EditDelete();
+
   void OpenFile();
+  void ViewFile();
+  void NewFile();
+  void EditFile();
+  void FormatFile();
+  void SetUpPrinter();
+  void PrintActive();
   void RestoreSettings();
-  void SaveSettings();
+  void SaveSettings() { TrySaveSettings(); }
+  /// False, after a message, where the settings could not be written.
+  bool TrySaveSettings();
   void FlipToolbar();
   void FlipStatusBar();
   void OpenMap(std::string_view kind);
@@ -73,9 +97,8 @@ class MDIForm1 : public QMainWindow, public MainFormCalls {
   void Tile(bool stacked);
   void CloseAll();
   void ArrangeAll();
-  void HelpContents() { OpenHelpFile(0); }
-  void HelpSearch() { OpenHelpFile(-1); }
-  void OpenHelpFile(int topic);
+  void HelpContents() { halvorine::OpenHelpFile(0); }
+  void HelpSearch() { halvorine::OpenHelpFile(-1); }
   void OpenAbout();
   void MapGrid();
   void MapCoordinates();
@@ -94,7 +117,9 @@ class MDIForm1 : public QMainWindow, public MainFormCalls {
   QHash<QString, QAction*> toolbarItems_;  // by the command they run
   std::array<QWidget*, 3> panels_{};
   std::array<QLabel*, 3> panelTexts_{};
-  bool closing_ = false;
+  int newFiles_ = 0;              // texts begun so far; each is captioned with its number
+  QPointer<QWidget> editTarget_;  // what has, or had before a menu took it, the keyboard
+  bool closing_ = false, oldElements_ = false;
 };
 
 }  // namespace halvorine

@@ -1,9 +1,13 @@
 // The command table of the main window: every menu item with its place, and every toolbar button.
 #include <QMenuBar>
 #include <QToolButton>
+#include <algorithm>
+#include <array>
+#include <optional>
 
 #include "controls/qtIcons.h"
 #include "shell/MDIForm1.h"
+#include "shell/base/mPlatform.h"
 #include "shell/base/mText.h"
 #include "shell/base/qtForms.h"
 
@@ -182,25 +186,25 @@ const std::vector<MenuTable::Row>& MenuTable::BarRows() {
   static const std::vector<Row> rows = {
       Top("mnuFile"),
       {.name = "mnuFileApri", .parent = "mnuFile", .handler = &M::OpenFile, .shortcut = "Ctrl+O"},
-      Later("mnuFileVisualizza", "mnuFile"),
-      Later("mnuFileNuovo", "mnuFile"),
-      Later("mnuFileModifica", "mnuFile"),
-      Later("mnuFileSalva", "mnuFile"),
+      {.name = "mnuFileVisualizza", .parent = "mnuFile", .handler = &M::ViewFile},
+      {.name = "mnuFileNuovo", .parent = "mnuFile", .handler = &M::NewFile},
+      {.name = "mnuFileModifica", .parent = "mnuFile", .handler = &M::EditFile},
+      {.name = "mnuFileSalva", .parent = "mnuFile", .handler = &M::SaveActive},
       Line("mnuFile"),
-      Later("mnuFileImpostaStampante", "mnuFile"),
-      Later("mnuFileStampa", "mnuFile"),
+      {.name = "mnuFileImpostaStampante", .parent = "mnuFile", .handler = &M::SetUpPrinter},
+      {.name = "mnuFileStampa", .parent = "mnuFile", .handler = &M::PrintActive},
       Line("mnuFile"),
       {.name = "mnuFileRipristinaImpostazioni", .parent = "mnuFile", .handler = &M::RestoreSettings},
       {.name = "mnuFileSalvaImpostazioni", .parent = "mnuFile", .handler = &M::SaveSettings},
       Line("mnuFile"),
       {.name = "mnuFileEsci", .parent = "mnuFile", .handler = &M::EndProgram, .shortcut = "Ctrl+Q"},
       Top("mnuModifica"),
-      Later("mnuModificaAnnulla", "mnuModifica"),
+      {.name = "mnuModificaAnnulla", .parent = "mnuModifica", .handler = &M::EditUndo},
       Line("mnuModifica"),
-      Later("mnuModificaTaglia", "mnuModifica"),
-      Later("mnuModificaCopia", "mnuModifica"),
-      Later("mnuModificaIncolla", "mnuModifica"),
-      Later("mnuModificaCancella", "mnuModifica"),
+      {.name = "mnuModificaTaglia", .parent = "mnuModifica", .handler = &M::EditCut},
+      {.name = "mnuModificaCopia", .parent = "mnuModifica", .handler = &M::EditCopy},
+      {.name = "mnuModificaIncolla", .parent = "mnuModifica", .handler = &M::EditPaste},
+      {.name = "mnuModificaCancella", .parent = "mnuModifica", .handler = &M::EditDelete},
       Top("mnuVisualizza"),
       {.name = "mnuVisualizzaBarraPulsanti",
        .parent = "mnuVisualizza",
@@ -234,10 +238,10 @@ const std::vector<MenuTable::Row>& MenuTable::BarRows() {
       {.name = "mnuStrumentiProgramma", .parent = "mnuStrumenti", .handler = &M::StartExternalProgram},
       Line("mnuStrumenti"),
       Form("mnuStrumentiDownload", "mnuStrumenti", "frmDownload"),
-      Later("mnuStrumentiFormattazione", "mnuStrumenti"),
+      {.name = "mnuStrumentiFormattazione", .parent = "mnuStrumenti", .handler = &M::FormatFile},
       Form("mnuStrumentiSincronizzazione", "mnuStrumenti", "frmSyncro"),
       Top("mnuOpzioni"),
-      Later("mnuOpzioniData", "mnuOpzioni"),
+      Form("mnuOpzioniData", "mnuOpzioni", "frmTime"),
       Form("mnuOpzioniLocalita", "mnuOpzioni", "frmLocation"),
       Line("mnuOpzioni"),
       Form("mnuOpzioniGenerali", "mnuOpzioni", "frmSettings"),
@@ -304,6 +308,24 @@ const std::vector<MenuTable::Row>& MenuTable::PopupRows() {
   return rows;
 }
 
+namespace {
+
+/// Windows that take a moment to open.
+constexpr std::array<std::string_view, 4> heavyForms = {"frmLocalSky", "frmGeneralSky", "frmLocation",
+                                                        "frmSettings"};
+
+void OpenForm(std::string_view name) {
+  std::optional<WaitPointerHold> wait;
+  if (std::find(heavyForms.begin(), heavyForms.end(), name) != heavyForms.end()) {
+    // the menu closes before the work starts
+    ThePlatform().Yield();
+    wait.emplace();
+  }
+  if (FormCalls* const form = LoadForm(name)) form->Show();
+}
+
+}  // namespace
+
 void MDIForm1::MakeMenus() {
   for (const bool popup : {false, true}) {
     for (const MenuTable::Row& row : popup ? MenuTable::PopupRows() : MenuTable::BarRows()) {
@@ -334,7 +356,7 @@ void MDIForm1::MakeMenus() {
         if (target->handler != nullptr)
           (this->*target->handler)();
         else if (target->form != nullptr)
-          if (FormCalls* const form = LoadForm(target->form)) form->Show();
+          OpenForm(target->form);
       });
       connect(action, &QAction::changed, this, [this, action] {
         if (QAction* const button = toolbarItems_.value(action->objectName())) {

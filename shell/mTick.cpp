@@ -2,6 +2,7 @@
 
 #include "astro/mAstro.h"
 #include "astro/mConv.h"
+#include "catalogue/mCatalogue.h"
 #include "orbit/mSat.h"
 #include "orbit/mSatTexts.h"
 #include "shell/base/mForms.h"
@@ -77,7 +78,7 @@ bool TickSatellites() {
 
 /// Sun, Moon and planets; a body that fails keeps its former place.
 void ComputeBodies() {
-  for (void (*compute)() : {&ComputeSun, &ComputeMoon}) {
+  for (void (*compute)() : {&ComputeSun, &ComputeMoon, &ComputePlanets}) {
     try {
       compute();
     } catch (const ArithmeticFailure&) {
@@ -99,6 +100,7 @@ void tmrCentrale_Timer() {
     const std::string text = ClockText(Options.ClockFormat, ClockFields, Site, LanguageDates);
     if (!text.empty()) main->SetStatusPanel(1, text);
   }
+  ShowPrincipalAge();
   ComputeBodies();
   if (auto* const time = Load<TimeCalls>("frmTime")) time->Aggiorna_dati();
   if (auto* const planets = Loaded<RefreshCalls>("frmPlanets")) planets->Aggiorna_dati();

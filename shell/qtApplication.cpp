@@ -7,8 +7,11 @@
 #include "controls/frmProgress.h"
 #include "controls/qtLook.h"
 #include "maps/frmWorldMap.h"
+#include "prediction/frmDetails.h"
 #include "shell/base/mPlatform.h"
 #include "shell/base/qtForms.h"
+#include "shell/frmCalendar.h"
+#include "shell/frmLocation.h"
 #include "shell/frmTime.h"
 #include "shell/mStart.h"
 
@@ -35,7 +38,10 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 
 void RegisterWindows() {
   MakeLoadable<frmTime>("frmTime");
+  MakeLoadable<frmCalendar>("frmCalendar");
   MakeLoadable<frmDatabase>("frmDatabase");
+  MakeLoadable<frmDetails>("frmDetails");
+  MakeLoadable<frmLocation>("frmLocation");
   MakeLoadable<frmProgress>("frmProgress");
   MakeLoadable<frmWorldMap>("frmWorldMap");
 }

@@ -124,7 +124,7 @@ def main():
     assert 165 <= len(chosen) <= 185 and all(well_formed(*item[:3]) for item in chosen.values())
     assert all(item[1][18:20] == "22" for item in chosen.values())
     lines = [line for item in chosen.values() for line in item[:3]]
-    datatools.write_file(arguments.project / "data/elements/sample.txt", "\n".join(lines) + "\n")
+    datatools.write_file(arguments.project / "data/elements/sample.txt", "\r\n".join(lines) + "\r\n")
 
 
 if __name__ == "__main__":

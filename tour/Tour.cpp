@@ -1,6 +1,7 @@
 // A tour through the real windows: it starts the program at a fixed clock near the sample elements' epoch,
 // opens one window after the other and writes a picture of each, named after it, with a line of text.
 //   tour FOLDER [LANGUAGE]
+#include <QAbstractButton>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -12,6 +13,8 @@
 #include <vector>
 
 #include "astro/mConv.h"
+#include "catalogue/frmChannel.h"
+#include "catalogue/frmFile.h"
 #include "catalogue/mCatalogue.h"
 #include "shell/MDIForm1.h"
 #include "shell/base/mGlobal.h"
@@ -109,8 +112,52 @@ std::vector<Stop> Stops(MDIForm1& window) {
          Settle();
          return child("frmDatabase");
        }},
+      {"frmFile", "Element files are edited as text",
+       [=] {
+         auto* const file = new frmFile();
+         file->Leggi(AppPath + "/elements/sample.txt");
+         file->ShowForm();
+         return file->Frame();
+       }},
+      {"frmDetails", "An element file as a table, sorted by any of its columns",
+       [=] {
+         auto* const details = Load<DetailsCalls>("frmDetails");
+         details->Show();
+         details->Leggi(AppPath + "/elements/sample.txt");
+         return child("frmDetails");
+       }},
+      {"frmChannel", "The radio channels of a satellite", [=] { return dialog(new frmChannel(1, 0)); }},
+      {"frmTime", "The clocks, and a simulation that waits for its start",
+       [=, &window] {
+         window.RunCommand("mnuOpzioniData");
+         auto* const time = Load<TimeCalls>("frmTime");
+         time->SetUsesComputerClock(false);
+         Settle();
+         return child("frmTime");
+       }},
+      {"frmCalendar", "A month to look at",
+       [=, &window] {
+         auto* const time = Load<TimeCalls>("frmTime");
+         time->SetUsesComputerClock(true);
+         window.RunCommand("mnuStrumentiCalendario");
+         Settle();
+         return child("frmCalendar");
+       }},
+      {"frmLocation", "The observer's place, found by typing a part of its name",
+       [=, &window] {
+         if (FormCalls* const database = LoadedForm("frmDatabase")) database->Unload();
+         window.RunCommand("mnuOpzioniLocalita");
+         Settle();
+         return child("frmLocation");
+       }},
+      {"frmAddLocation", "A place of one's own, in decimals or in minutes and seconds",
+       [&window] {
+         Control<QAbstractButton>(&window, "cmdModifica")->click();
+         return window.findChild<QWidget*>(QStringLiteral("frmAddLocation"));
+       }},
       {"frmProgress", "Long work shows how far it is, and can be cancelled",
        [] {
+         if (FormCalls* const location = LoadedForm("frmLocation")) location->Unload();
          auto* const progress = Load<ProgressCalls>("frmProgress");
          progress->Begin(FromQ(Text("frmProgress", "letturasatelliti")), 100);
          progress->SetValue(42);
@@ -121,7 +168,8 @@ std::vector<Stop> Stops(MDIForm1& window) {
       {"frmWorldMap-Ortho", "The globe, turned to the principal satellite",
        [&window] {
          if (FormCalls* const progress = LoadedForm("frmProgress")) progress->Unload();
-         if (FormCalls* const database = LoadedForm("frmDatabase")) database->Unload();
+         for (const char* const name : {"frmDatabase", "frmFile1", "frmDetails", "frmCalendar", "frmTime"})
+           if (FormCalls* const form = LoadedForm(name)) form->Unload();
          return OpenMap(window, "mnuTerraMappaOrtografica", QSize(711, 490));
        }},
       {"frmWorldMap-Recta", "The rectangular map with track, circle, night side and the live values",

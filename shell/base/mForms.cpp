@@ -54,11 +54,21 @@ bool CanLoadForm(std::string_view name) {
   return makers.contains(LowerCase(name)) || LoadedForm(name) != nullptr;
 }
 
+bool FormsMayUnload(std::string_view except) {
+  // an answer may take windows away; the copy stands for the walk
+  const std::vector<RegisteredForm> walked(forms.rbegin(), forms.rend());
+  return std::all_of(walked.begin(), walked.end(), [except](const RegisteredForm& form) {
+    return SameText(form.name, except) || LoadedForm(form.name) != form.calls || form.calls->MayUnload();
+  });
+}
+
 void UnloadAllForms(std::string_view except) {
   // each Unload takes at least its own entry away; the copy stands for the walk
   const std::vector<RegisteredForm> walked(forms.rbegin(), forms.rend());
-  for (const RegisteredForm& form : walked)
-    if (!SameText(form.name, except) && LoadedForm(form.name) == form.calls) form.calls->Unload();
+  for (const RegisteredForm& form : walked) {
+    const auto loaded = [&form] { return LoadedForm(form.name) == form.calls; };
+    if (!SameText(form.name, except) && loaded() && form.calls->MayUnload() && loaded()) form.calls->Unload();
+  }
 }
 
 void ResetForms() {

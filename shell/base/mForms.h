@@ -20,6 +20,8 @@ class FormCalls {
   virtual void Unload() = 0;
   /// Brings the window to the front.
   virtual void Show() = 0;
+  /// Asks the user what becomes of unsaved work, where there is any; false keeps the window.
+  virtual bool MayUnload() { return true; }
 };
 
 /// MDIForm1.
@@ -27,6 +29,8 @@ class MainFormCalls : public FormCalls {
  public:
   /// Text of a status bar panel, 1 to 3.
   virtual void SetStatusPanel(int panel, const std::string& text) = 0;
+  /// Whether the tooltip of panel 2 warns that the elements of the principal satellite are old.
+  virtual void WarnOfOldElements(bool old) = 0;
   /// Check mark of a menu item by its name; raises SubscriptFailure for an unknown name.
   virtual bool IsChecked(std::string_view item) const = 0;
   virtual void SetChecked(std::string_view item, bool checked) = 0;
@@ -63,8 +67,16 @@ class LocalSkyCalls : public FormCalls {
  public:
   virtual void Genera_mappa() = 0;
   virtual void Disegna_satellite_in_cielo(int slot) = 0;
+  /// Gives the button of the transit display its first picture, that of a chart without it.
+  virtual void ResetModeButton() = 0;
   virtual void ShowTexts(const LiveTexts& texts) = 0;
   virtual void Azzera_dati() = 0;
+};
+
+/// frmGeneralSky.
+class GeneralSkyCalls : public FormCalls {
+ public:
+  virtual void Genera_mappa() = 0;
 };
 
 /// frmFloating.
@@ -101,6 +113,30 @@ class DatabaseCalls : public FormCalls {
   virtual void RemoveSelected() = 0;
   /// Takes the rows of lstActive from the element sets again.
   virtual void ActiveListChanged() = 0;
+  /// Whether the statistics warn that the elements of the principal satellite are old.
+  virtual void WarnOfOldElements(bool old) = 0;
+};
+
+/// frmSatellite: everything about one element set.
+class SatelliteCalls : public FormCalls {
+ public:
+  /// Shows a slot, an active one or the scratch slot, and comes back when the user has closed the window.
+  virtual void ShowSlot(int slot) = 0;
+};
+
+/// frmDetails: tables of fixed-width rows, and the summary of an element file or a database.
+class DetailsCalls : public FormCalls {
+ public:
+  /// Tabulates an element file, or tells that it is none.
+  virtual void LeggiDiretto(const std::string& path) = 0;
+  /// Reads an element file as a database of its own and tabulates it.
+  virtual void Leggi(const std::string& path) = 0;
+  /// Tabulates the primary (0) or the secondary (1) database.
+  virtual void Sommario(int index) = 0;
+  /// Empties List1 and shows it in the place of ListView1.
+  virtual void BeginRows(const std::string& title) = 0;
+  /// Appends a row to List1.
+  virtual void AddRow(const std::string& row) = 0;
 };
 
 /// frmProgress.
@@ -108,6 +144,21 @@ class ProgressCalls : public FormCalls {
  public:
   virtual void Begin(const std::string& task, double maximum) = 0;
   virtual void SetValue(double value) = 0;
+};
+
+/// A window that can save what it shows. The command Save asks the active child window for it, so that
+/// windows of which several stand open need no name for it.
+class SaveCalls {
+ public:
+  virtual ~SaveCalls() = default;
+  virtual void Salva() = 0;
+};
+
+/// Likewise a window that can print what it shows.
+class PrintCalls {
+ public:
+  virtual ~PrintCalls() = default;
+  virtual void Stampa() = 0;
 };
 
 /// Whether a window of that name is loaded, compared without regard to case. Creates nothing.
@@ -140,7 +191,11 @@ void SetFormMaker(const std::string& name, std::function<void()> maker);
 /// Whether a maker for that window is known.
 bool CanLoadForm(std::string_view name);
 
-/// Unloads all windows but the named one, from the last loaded to the first.
+/// Asks all windows but the named one whether they may be unloaded; false at the first that stays.
+bool FormsMayUnload(std::string_view except);
+
+/// Unloads all windows but the named one, from the last loaded to the first. A window that keeps unsaved work
+/// stays.
 void UnloadAllForms(std::string_view except);
 
 /// Forgets all windows and makers; serves tests.

@@ -19,6 +19,17 @@ void Azzera_Valori(int slot) { SatelliteStates[slot] = {}; }
 void Azzera_Satelement(int slot) { ElementSets[slot] = {}; }
 void Azzera_RigaDati(int slot) { ElementLines[slot] = {}; }
 
+void SetTickEnabled(bool on) {
+  TickHold* hold = TickHold::innermost_;
+  if (hold == nullptr) {
+    TickEnabled = on;
+    return;
+  }
+  // the outermost hold puts back what stands afterwards
+  while (hold->outer_ != nullptr) hold = hold->outer_;
+  hold->tick_ = on;
+}
+
 void ResetSharedRecords() {
   AppPath.clear();
   UserFolder.clear();

@@ -56,20 +56,30 @@ void Azzera_RigaDati(int slot);
 /// Puts every shared record back to its state before start-up; serves tests.
 void ResetSharedRecords();
 
+/// Switches the tick on or off. While a TickHold lives, the choice takes effect at its end.
+void SetTickEnabled(bool on);
+
 /// Holds the tick off while it lives and puts both flags back as they were, so that a clock which stood
 /// before still stands afterwards.
 class TickHold {
  public:
-  TickHold() : tick_(TickEnabled), satellites_(SatelliteTickEnabled) { TickEnabled = false; }
+  TickHold() : tick_(TickEnabled), satellites_(SatelliteTickEnabled), outer_(innermost_) {
+    TickEnabled = false;
+    innermost_ = this;
+  }
   ~TickHold() {
     TickEnabled = tick_;
     SatelliteTickEnabled = satellites_;
+    innermost_ = outer_;
   }
   TickHold(const TickHold&) = delete;
   TickHold& operator=(const TickHold&) = delete;
 
  private:
+  friend void SetTickEnabled(bool on);
+  inline static TickHold* innermost_ = nullptr;
   bool tick_, satellites_;
+  TickHold* outer_;
 };
 
 }  // namespace halvorine

@@ -11,7 +11,7 @@
 namespace halvorine {
 
 enum class MessageKind : std::uint8_t { Information, Warning, Critical, Question };
-enum class MessageButtons : std::uint8_t { Ok, OkCancel, YesNo, YesNoDefaultNo };
+enum class MessageButtons : std::uint8_t { Ok, OkCancel, YesNo, YesNoDefaultNo, YesNoCancel };
 enum class MessageAnswer : std::uint8_t { Ok, Cancel, Yes, No };
 
 /// What a file chooser is asked for.

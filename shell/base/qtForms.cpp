@@ -51,7 +51,10 @@ ChildForm::ChildForm(const QString& name) {
   connect(this, &QWidget::windowIconChanged, frame_, &QWidget::setWindowIcon);
 }
 
-ChildForm::~ChildForm() { UnregisterForm(FromQ(objectName())); }
+ChildForm::~ChildForm() {
+  // after an unload the name may stand for a newer window already
+  if (!unloading_) UnregisterForm(FromQ(objectName()));
+}
 
 QWidget* ChildForm::Frame() { return frame_ != nullptr ? static_cast<QWidget*>(frame_) : this; }
 

@@ -62,8 +62,10 @@ TEST_F(Places, EclipticPoleKeepsTheFormerDeclination) {
 TEST_F(Places, ShownPartsReturnToThePlaceTheyCameFrom) {
   Site.Latitude = -33.75F;
   ClockFields.LocalSiderealHours = 5.25;
-  for (double rightAscension = 0.01; rightAscension < 24; rightAscension += 1.7) {
-    for (double declination = -89.7; declination < 90; declination += 11.3) {
+  for (int ra = 0; ra < 15; ++ra) {
+    for (int dec = 0; dec < 16; ++dec) {
+      const double rightAscension = 0.01 + 1.59 * ra;
+      const double declination = -89.7 + 11.3 * dec;
       double azimuth = 0, altitude = 0;
       EquatorialToHorizontal(rightAscension, declination, azimuth, altitude);
       EquatorialParts parts;
@@ -84,7 +86,8 @@ TEST_F(Places, MeridianTakesHourAngleZeroWhereRoundingPassesOne) {
   // due south at the meridian: 1 - c*c comes out at 0 or just below
   Site.Latitude = 45;
   ClockFields.LocalSiderealHours = 3;
-  for (double altitude = 1; altitude < 89; altitude += 0.7) {
+  for (int step = 0; step < 125; ++step) {
+    const double altitude = 1 + 0.7 * step;
     EquatorialParts parts;
     HorizontalToEquatorial(Pi, altitude * DegToRad, parts);
     const double ra = DmsToDecimal(parts.raHours, parts.raMinutes, parts.raSeconds);

@@ -76,6 +76,17 @@ TEST_F(SunMoon, StayWithinTheSeriesAccuracyOfAnIndependentEphemeris) {
   EXPECT_LT(phase.Largest(), 0.60);
 }
 
+TEST_F(SunMoon, NegativeAnomalyGetsOneTurnAndNoMore) {
+  // the Earth passes its perihelion in the first days of January
+  const std::pair<int, double> rows[] = {{1900, 358.5}, {1898, -361.5}};
+  for (const auto& [year, expected] : rows) {
+    UpdateSiderealTime(DateOf(year, 1, 1));
+    ComputeSun();
+    EXPECT_NEAR(SunMeanAnomalyRad * RadToDeg, expected, 1.5) << year;
+    EXPECT_NEAR(SkyObjectTable[Sun].Distance, 147.1e6, 0.1e6) << year;
+  }
+}
+
 TEST_F(SunMoon, MoonWithoutANewSunUsesTheSunOfTheFormerInstant) {
   UpdateSiderealTime(DateOf(2024, 4, 8));
   ComputeSun();

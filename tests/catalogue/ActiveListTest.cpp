@@ -2,7 +2,10 @@
 
 #include "catalogue/mCatalogue.h"
 #include "catalogue/mTables.h"
+#include "orbit/mSat.h"
 #include "tests/catalogue/CatalogueFixture.h"
+#include "tests/fakes/FakeForms.h"
+#include "tests/fakes/FakeMainForm.h"
 
 namespace halvorine {
 namespace {
@@ -15,21 +18,6 @@ std::vector<int> Numbers(int first, int last) {
   for (int i = first; i <= last; ++i) numbers.push_back(i);
   return numbers;
 }
-
-/// A main window that only keeps what its panels show.
-class PanelWindow : public MainFormCalls {
- public:
-  PanelWindow() { RegisterForm("MDIForm1", this); }
-  void Unload() override {}
-  void Show() override {}
-  void SetStatusPanel(int panel, const std::string& text) override { panels[panel] = text; }
-  bool IsChecked(std::string_view /*item*/) const override { return false; }
-  void SetChecked(std::string_view /*item*/, bool /*checked*/) override {}
-  void SetEnabled(std::string_view /*item*/, bool /*enabled*/) override {}
-  void RunCommand(std::string_view /*item*/) override {}
-  void PopupMenu(std::string_view /*menu*/, int /*screenX*/, int /*screenY*/) override {}
-  std::string panels[4];
-};
 
 TEST_F(ActiveListTest, RebuildFollowsTheOldOrderAndTheFilesDuplicates) {
   struct Row {
@@ -98,7 +86,7 @@ TEST_F(ActiveListTest, AllTwoHundredReloadInTheirPlaces) {
 }
 
 TEST_F(ActiveListTest, AddingStopsAtTwoHundredAndTellsIt) {
-  PanelWindow window;
+  FakeMainForm window;
   ReadPrimaryText(FileText(Series(205)));
   MakeActive(Series(197));
   AddSelected(Primary, Numbers(198, 202));
@@ -126,7 +114,7 @@ TEST_F(ActiveListTest, AddingTellsKnownSatellitesByNameAndGoesOn) {
 }
 
 TEST_F(ActiveListTest, RemovalCompactsAndClearsTheRest) {
-  PanelWindow window;
+  FakeMainForm window;
   struct Row {
     std::vector<int> positions;
     Texts expected;
@@ -147,6 +135,9 @@ TEST_F(ActiveListTest, RemovalCompactsAndClearsTheRest) {
     EXPECT_EQ(Active(), row.expected);
     for (int slot = 1; slot <= ActiveCount; ++slot)
       EXPECT_EQ(ElementLines[slot].name, "SAT " + ElementSets[slot].CatalogNumber.substr(4));
+    Texts names;
+    for (const std::string& number : row.expected) names.push_back("Sat " + number.substr(4));
+    EXPECT_EQ(ActiveRows, names);
     for (int slot = ActiveCount + 1; slot <= 202; ++slot) {
       ASSERT_EQ(ElementLines[slot], DatabaseEntry());
       ASSERT_EQ(ElementSets[slot].CatalogNumber, "");
@@ -252,6 +243,136 @@ TEST_F(ActiveListTest, RefusedWritingLeavesTheOldListFile) {
   platform.refuseWriting = true;
   EXPECT_THROW(Salva_Ini(), FileFailure);
   EXPECT_EQ(Content("Halvorine.ini"), before);
+}
+
+TEST_F(ActiveListTest, ListCountsAsChangedUntilItIsWrittenOrTakenBack) {
+  Write("Halvorine.ini", FileText(Series(3)));
+  LoadActiveList();
+  DecodeActiveList();
+  EXPECT_FALSE(ActiveListChanged());
+  RotateActive();
+  EXPECT_TRUE(ActiveListChanged()) << "the order counts";
+  RotateActive();
+  RotateActive();
+  EXPECT_FALSE(ActiveListChanged());
+  RemoveActive(3);
+  EXPECT_TRUE(ActiveListChanged());
+  platform.refuseWriting = true;
+  EXPECT_THROW(Salva_Ini(), FileFailure);
+  EXPECT_TRUE(ActiveListChanged());
+  platform.refuseWriting = false;
+  Salva_Ini();
+  EXPECT_FALSE(ActiveListChanged());
+  ReadPrimaryText(FileText(Series(2)));  // the same lines under the names of another case
+  EXPECT_FALSE(ActiveListChanged());
+  ReadPrimaryText(FileText({MadeEntry("SAT 1", "10001", "22167.00000000"), Series(1, 2)[0]}));
+  EXPECT_TRUE(ActiveListChanged()) << "newer elements count";
+}
+
+TEST_F(ActiveListTest, ListFileThatCannotBeReadIsReplacedOnlyOnYes) {
+  std::filesystem::create_symlink("/proc/self/mem", folder / "Halvorine.ini");  // opens, but cannot be read
+  MakeActive(Series(2));
+  EXPECT_THROW(LoadActiveList(), FileFailure);
+  EXPECT_EQ(ActiveCount, 0);
+  EXPECT_FALSE(ActiveListChanged());
+  MakeActive(Series(2));
+  EXPECT_TRUE(ActiveListChanged());
+  Salva_Ini();
+  ASSERT_EQ(platform.messages.size(), 1U);
+  EXPECT_EQ(platform.messages[0].buttons, MessageButtons::YesNoDefaultNo);
+  EXPECT_TRUE(std::filesystem::is_symlink(folder / "Halvorine.ini"));
+  EXPECT_TRUE(ActiveListChanged());
+  platform.answers = {MessageAnswer::Yes};
+  EXPECT_THROW(Salva_Ini(), FileFailure);  // agreed, but there is no writing in that place
+  std::filesystem::remove(folder / "Halvorine.ini");
+  Salva_Ini();
+  Salva_Ini();
+  EXPECT_EQ(platform.messages.size(), 2U) << "what has gone or is our own needs no question";
+  EXPECT_FALSE(Content("Halvorine.ini").empty());
+}
+
+TEST_F(ActiveListTest, PrincipalChangeReachesMapSkyAndMenu) {
+  CallLog log;
+  FakeMainForm main;
+  MakeActive(Series(2));
+  PrincipalChanged();  // without windows
+  FakeLocalSky sky(log);
+  main.checks = {{"mnuLocalSkyTransitoPrincipale", false}, {"mnuLocalSkyTempi", true}};
+  MoveSelected({1}, ActiveMove::Up);
+  EXPECT_EQ(main.panels[2], "Sat 2");
+  EXPECT_TRUE(log.empty());
+  EXPECT_TRUE(main.checks["mnuLocalSkyTempi"]) << "without the transit display nothing changes";
+  FakeWorldMap map(log);
+  main.checks["mnuLocalSkyTransitoPrincipale"] = true;
+  SatelliteStates[1] = {};
+  MoveSelected({0}, ActiveMove::Down);
+  EXPECT_EQ(log,
+            (CallLog{"frmWorldMap.Genera_mappa", "frmLocalSky.ResetModeButton", "frmLocalSky.Genera_mappa"}));
+  EXPECT_NE(SatelliteStates[1].Range, 0) << "computed before it is drawn";
+  EXPECT_FALSE(main.checks["mnuLocalSkyTransitoPrincipale"] || main.checks["mnuLocalSkyTempi"]);
+  log.clear();
+  MakeActive(Series(4));
+  MoveSelected({2}, ActiveMove::Up);
+  MoveSelected({1}, ActiveMove::Down);
+  EXPECT_TRUE(log.empty()) << "the principal stayed";
+}
+
+TEST_F(ActiveListTest, ElementsOfThePrincipalAreOldAfterThirtyDays) {
+  CallLog log;
+  FakeMainForm main;
+  FakeDatabase window(log);
+  EXPECT_FALSE(PrincipalIsOld()) << "without a principal";
+  MakeActive({MadeEntry("A", "00001", "22166.00000000"), MadeEntry("B", "00002", "22130.00000000")});
+  const double epoch = ElementSets[1].EpochJulianDay;
+  for (const double age : {-100.0, 0.0, 29.99}) {
+    ClockFields.JulianDayNow = epoch + age;
+    EXPECT_FALSE(PrincipalIsOld()) << age;
+  }
+  ClockFields.JulianDayNow = epoch + 30.01;
+  EXPECT_TRUE(PrincipalIsOld());
+  ClockFields.JulianDayNow = epoch + 1;
+  RotateActive();
+  EXPECT_TRUE(main.oldElements && window.oldElements);
+  RotateActive();
+  EXPECT_FALSE(main.oldElements || window.oldElements);
+}
+
+TEST_F(ActiveListTest, RowsAboveTheHorizonAreThoseOverTheObserver) {
+  Options.Propagator = 3;
+  ClockFields.JulianDayNow = 2459746.25;
+  DatabaseEntry overhead = MadeEntry("E", "10001"), beneath = overhead, still = overhead, broken = overhead;
+  MakeActive({overhead});
+  ComputeSatelliteState(1, ClockFields.JulianDayNow);
+  Site.Latitude = static_cast<float>(SatelliteStates[1].LatitudeSigned);
+  Site.Longitude = static_cast<float>(SatelliteStates[1].LongitudeEast);
+  ClearActive();
+  beneath.name = "A";
+  beneath.line2 = Over(beneath.line2, 44, " 75.0959");  // half an orbit away
+  still.name = "F";
+  still.line2 = Over(still.line2, 53, " 0.00000000");
+  broken.name = "G";  // no orbit; comes after the one overhead, whose place it must not inherit
+  broken.line2 = Over(broken.line2, 27, "9999999");
+  DatabaseEntry twin = overhead;
+  twin.name = "H";
+  ReadSecondaryText(FileText({still, twin, broken, overhead, beneath}));
+  TickEnabled = true;
+  EXPECT_EQ(RowsAboveHorizon(Secondary), (std::vector<int>{1, 4}));
+  EXPECT_TRUE(TickEnabled);
+  EXPECT_TRUE(RowsAboveHorizon(Primary).empty());
+  EXPECT_EQ(ActiveCount, 0);
+}
+
+TEST_F(ActiveListTest, EntryIsShownFromTheScratchSlotWhereThereIsAWindow) {
+  CallLog log;
+  ReadPrimaryText(FileText(Series(3)));
+  ElementSets[ScratchSlot].Uplink[3] = "145";
+  ShowEntry(Primary, 2);
+  EXPECT_EQ(ElementSets[ScratchSlot].Name, "") << "without the window nothing is decoded";
+  FakeSatellite window(log);
+  for (const int number : {2, 0, -1, 4}) ShowEntry(Primary, number);
+  EXPECT_EQ(log, CallLog{"frmSatellite.ShowSlot 201"});
+  EXPECT_EQ(ElementSets[ScratchSlot].Name, "Sat 2");
+  EXPECT_EQ(ElementSets[ScratchSlot].Uplink[3], "");
 }
 
 }  // namespace

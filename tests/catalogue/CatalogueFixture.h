@@ -2,6 +2,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -49,7 +50,7 @@ class CatalogueTest : public testing::Test {
     ChangeSortKey(Primary, SortKey::Name);
     ChangeSortKey(Secondary, SortKey::Name);
     folder = std::filesystem::temp_directory_path() /
-             ("halvorine_" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
+             ("halvorine_" + std::to_string(::getpid()));  // of this run alone
     std::filesystem::remove_all(folder);
     std::filesystem::create_directories(folder);
     AppPath = folder.string();

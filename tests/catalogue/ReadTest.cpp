@@ -20,6 +20,7 @@ class LoggingDatabase : public DatabaseCalls {
   void SelectActive(int /*position*/) override {}
   void RemoveSelected() override {}
   void ActiveListChanged() override {}
+  void WarnOfOldElements(bool /*old*/) override {}
 
  private:
   std::vector<std::string>& log_;
@@ -232,6 +233,14 @@ TEST_F(ReadTest, CancelKeepsWhatWasReadAndRebuildsAgainstIt) {
   EXPECT_FALSE(CancelRequested);
 }
 
+TEST_F(ReadTest, CancelThatComesTooLateEndsWithTheRead) {
+  MakeActive(Series(1));
+  platform.onMessage = [] { CancelRequested = true; };  // the entries are read by then
+  ReadPrimaryText(FileText(Series(2)));
+  EXPECT_EQ(PrimaryDatabase.Count(), 2);
+  EXPECT_FALSE(CancelRequested);
+}
+
 TEST_F(ReadTest, SecondCommandDuringAReadIsRefused) {
   platform.millisecondsPerLook = 10;
   bool tried = false, ended = false;
@@ -269,6 +278,24 @@ TEST_F(ReadTest, ChooserStartsInTheSampleFolderAndItsChoiceIsRead) {
   Database_satelliti("");
   EXPECT_EQ(PrimaryDatabase.Count(), 3);
   EXPECT_EQ(PrimaryDatabasePath, path);
+}
+
+TEST_F(ReadTest, ChosenFileOfZeroLengthIsLeftAloneOnlyWhereThatIsAskedFor) {
+  ReadPrimaryText(FileText(Series(2)));
+  const std::string before = PrimaryDatabasePath = Write("before.txt", "x");
+  const std::string empty = Write("empty.txt", "");
+  platform.chosenFiles = {empty};
+  Apertura_database(Primary, EmptyFile::IsIgnored);
+  EXPECT_EQ(PrimaryDatabasePath, before);
+  EXPECT_EQ(ListedRows(Primary)->Count(), 2);
+  EXPECT_TRUE(platform.messages.empty());
+  platform.chosenFiles = {(folder / "gone.txt").string()};
+  Apertura_database(Primary, EmptyFile::IsIgnored);
+  EXPECT_EQ(platform.messages.size(), 1U) << "a file that is gone is told";
+  platform.chosenFiles = {empty};
+  Apertura_database(Primary);
+  EXPECT_EQ(platform.messages.size(), 2U);
+  EXPECT_EQ(ListedRows(Primary)->Count(), 0);
 }
 
 TEST_F(ReadTest, DatabaseIsReadOnlyOnOkayWhenACommandNeedsIt) {

@@ -32,6 +32,10 @@ TEST_F(TablesTest, LastMagnitudeRowFixesTheUpperBound) {
     EXPECT_THROW(StandardMagnitude(static_cast<int>(row.size)), SubscriptFailure);
     EXPECT_THROW(StandardMagnitude(-1), SubscriptFailure);
   }
+  std::string toAndFro;
+  for (int i = 0; i < 20000; ++i) toAndFro += "999999,1\n0,2\n";  // ends in no time, for all its length
+  ReadMagnitudes(toAndFro);
+  EXPECT_EQ(MagnitudeTable, std::vector<std::string>{"2"});
   ReadMagnitudes("");
   EXPECT_TRUE(MagnitudeTable.empty());
 }

@@ -64,6 +64,26 @@ class FakeDatabase : public FakeForm<DatabaseCalls> {
   void SelectActive(int position) override { Note("SelectActive " + std::to_string(position)); }
   void RemoveSelected() override { Note("RemoveSelected"); }
   void ActiveListChanged() override { Note("ActiveListChanged"); }
+  void WarnOfOldElements(bool old) override { oldElements = old; }
+  bool oldElements = false;
+};
+
+class FakeLocalSky : public FakeForm<LocalSkyCalls> {
+ public:
+  explicit FakeLocalSky(CallLog& log) : FakeForm("frmLocalSky", log) {}
+  void Genera_mappa() override { Note("Genera_mappa"); }
+  void Disegna_satellite_in_cielo(int slot) override {
+    Note("Disegna_satellite_in_cielo " + std::to_string(slot));
+  }
+  void ResetModeButton() override { Note("ResetModeButton"); }
+  void ShowTexts(const LiveTexts& /*texts*/) override { Note("ShowTexts"); }
+  void Azzera_dati() override { Note("Azzera_dati"); }
+};
+
+class FakeSatellite : public FakeForm<SatelliteCalls> {
+ public:
+  explicit FakeSatellite(CallLog& log) : FakeForm("frmSatellite", log) {}
+  void ShowSlot(int slot) override { Note("ShowSlot " + std::to_string(slot)); }
 };
 
 class FakePlanets : public FakeForm<RefreshCalls> {

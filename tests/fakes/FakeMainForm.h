@@ -22,10 +22,12 @@ class FakeMainForm : public MainFormCalls {
   std::map<int, std::string> panels;
   std::vector<std::string> commands;
   std::vector<Popup> popups;
+  bool oldElements = false;
 
   void Unload() override {}
   void Show() override {}
   void SetStatusPanel(int panel, const std::string& text) override { panels[panel] = text; }
+  void WarnOfOldElements(bool old) override { oldElements = old; }
   bool IsChecked(std::string_view item) const override {
     const auto found = checks.find(item);
     return found != checks.end() && found->second;

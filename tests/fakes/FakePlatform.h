@@ -27,6 +27,7 @@ class FakePlatform : public Platform {
   std::vector<Message> messages;
   std::vector<FileQuestion> fileQuestions;
   std::vector<std::string> processes;
+  std::vector<int> helpTopics;
   Date clockUtc = 0;
   std::int64_t milliseconds = 0, millisecondsPerLook = 0;
   std::optional<ZoneBias> zone;
@@ -73,8 +74,9 @@ class FakePlatform : public Platform {
     return true;
   }
   std::string SettingsFile() override { return settingsFile; }
-  bool OpenHelp(const std::string& file, int /*topic*/) override {
+  bool OpenHelp(const std::string& file, int topic) override {
     processes.push_back(file);
+    helpTopics.push_back(topic);
     return true;
   }
   bool StartProcess(const std::string& commandLine) override {

@@ -141,6 +141,18 @@ TEST_F(Models, CircularOrbitFailsAlsoWhereThePerigeeLeavesOutTheDragTerms) {
   EXPECT_THROW(PropagateSGP4(0), ArithmeticFailure);
 }
 
+TEST_F(Models, ResonantOrbitFailsWhereItsStepsWouldHaveNoEnd) {
+  Load("1 13070U 82015A   22166.50000000  .00000000  00000-0  00000-0 0  9990",
+       "2 13070  63.4300 120.0000 7100000 270.0000  10.0000  2.00610000    13");
+  EXPECT_NO_THROW(PropagateSDP4(5e6));
+  const std::array<double, 3> position = PositionKm, velocity = VelocityKmS;
+  for (const double minutes : {1e9, -1e9, 1e18}) {
+    EXPECT_THROW(PropagateSDP4(minutes), ArithmeticFailure) << minutes;
+    EXPECT_EQ(PositionKm, position);
+    EXPECT_EQ(VelocityKmS, velocity);
+  }
+}
+
 TEST_F(Models, SameArgumentsGiveTheSameVectorsWhateverRanBetween) {
   Load(issLine1, issLine2);
   const WorkingElementsRecord iss = WorkingElements;

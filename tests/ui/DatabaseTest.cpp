@@ -1,92 +1,16 @@
-#include "catalogue/frmDatabase.h"
-
-#include <gtest/gtest.h>
-
-#include <QDir>
 #include <QFile>
-#include <QPushButton>
 #include <QScrollBar>
-#include <QTest>
 #include <map>
 #include <memory>
 
-#include "catalogue/mTables.h"
 #include "controls/frmProgress.h"
 #include "controls/qtLook.h"
-#include "shell/base/mLang.h"
-#include "tests/fakes/FakePlatform.h"
+#include "tests/ui/DatabaseFixture.h"
 
 namespace halvorine {
 namespace {
 
 const char* const languages[] = {"English.ini", "Italiano.ini", "Deutsch.ini", "Français.ini", "Español.ini"};
-
-/// Folder for pictures of the windows, from the environment; no pictures without it.
-void SavePicture(QWidget& window, const QString& name) {
-  const QString folder = qEnvironmentVariable("HALVORINE_PICTURES");
-  if (!folder.isEmpty()) window.grab().save(QDir(folder).filePath(name + QStringLiteral(".png")));
-}
-
-class DatabaseTest : public testing::Test {
- protected:
-  DatabaseTest() {
-    ResetSharedRecords();
-    ResetForms();
-    PrimaryDatabase.Erase();
-    SecondaryDatabase.Erase();
-    DatabaseStats = {};
-    for (const int index : {Primary, Secondary}) ChangeSortKey(index, SortKey::Name);
-    AppPath = TEST_SOURCE_DIR "/data";
-    SetLanguage("English.ini");
-    LoadMagnitudes();
-    LoadFrequencies();
-    ClockFields.JulianDayNow = 2459746.5;
-    MakeLoadable<frmDatabase>("frmDatabase");
-    platform.onYield = [] { QCoreApplication::processEvents(); };
-  }
-  ~DatabaseTest() override {
-    UnloadAllForms({});
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    ResetForms();
-    LanguageLoaded = false;
-  }
-
-  static void SetLanguage(const std::string& file) {
-    LanguageFile = file;
-    LanguageLoaded = false;
-  }
-  frmDatabase& Open() {
-    auto& window = dynamic_cast<frmDatabase&>(*LoadForm("frmDatabase"));
-    window.ShowForm();
-    QCoreApplication::processEvents();
-    return window;
-  }
-  static std::string Sample() { return AppPath + "/elements/sample.txt"; }
-  frmDatabase& OpenWithSample() {
-    Database_satelliti(Sample());
-    return Open();
-  }
-
-  static void Click(const frmDatabase& window, const char* name, int index = -1) {
-    QTest::mouseClick(Control<QPushButton>(&window, name, index), Qt::LeftButton);
-  }
-  static void ClickRow(const RowList* list, int row, Qt::KeyboardModifiers keys = Qt::NoModifier) {
-    const QModelIndex index = list->model()->index(row, 0);
-    const_cast<RowList*>(list)->scrollTo(index);
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, keys, list->visualRect(index).center());
-  }
-  static QString TextOf(const frmDatabase& window, const char* name, int index = -1) {
-    return Control<QLabel>(&window, name, index)->text();
-  }
-  static QStringList RowsOf(const RowList* list, int count) {
-    QStringList rows;
-    for (int row = 0; row < std::min(count, list->RowCount()); ++row)
-      rows.push_back(list->model()->index(row, 0).data().toString());
-    return rows;
-  }
-
-  FakePlatform platform;
-};
 
 TEST_F(DatabaseTest, OpensEmptyWithWhatCannotBeDoneDisabled) {
   const frmDatabase& window = Open();
@@ -243,13 +167,14 @@ TEST_F(DatabaseTest, TabWalksInReadingOrderAndOkIsTheDefault) {
   ClickRow(Control<RowList>(&window, "lstActive"), 0);
   Control<QComboBox>(&window, "cmbOrdina", 0)->setFocus();
   QStringList walked;
-  for (int i = 0; i < 14; ++i) {
+  for (int i = 0; i < 16; ++i) {
     walked << window.focusWidget()->objectName();
     QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
   }
   EXPECT_EQ(walked.join(' ').toStdString(),
-            "cmbOrdina(0) lstDatabase(0) cmdDatabase(0) cmdAdd(0) cmdRemove(0) lstActive cmdUp cmdDown "
-            "cmdPrincipale cmdOrder cmdRemoveAll cmdOK qt_tabwidget_tabbar cmbOrdina(0)");
+            "cmbOrdina(0) lstDatabase(0) cmdDatabase(0) cmdVisibili(0) cmdAdd(0) cmdRemove(0) lstActive "
+            "cmdUp cmdDown "
+            "cmdPrincipale cmdOrder cmdRemoveAll cmdHelp cmdOK qt_tabwidget_tabbar cmbOrdina(0)");
   EXPECT_TRUE(Control<QPushButton>(&window, "cmdOK")->isDefault());
 }
 
@@ -299,7 +224,8 @@ TEST_F(DatabaseTest, EveryWindowClosedDuringAReadLosesNothing) {
 TEST_F(DatabaseTest, RefusedFileEmptiesListAndLabels) {
   const frmDatabase& window = OpenWithSample();
   ClickRow(Control<RowList>(&window, "lstDatabase", 0), 3);
-  QFile bad(QDir::temp().filePath(QStringLiteral("halvorine_bad.txt")));
+  QFile bad(
+      QDir::temp().filePath(QStringLiteral("halvorine_bad_%1.txt").arg(QCoreApplication::applicationPid())));
   ASSERT_TRUE(bad.open(QIODevice::WriteOnly));
   bad.write("no\nelement\nfile\n");
   bad.close();

@@ -360,7 +360,9 @@ TEST_F(Look, MessageBoxKeysGiveTheDefaultAndTheWayOut) {
               {MessageButtons::YesNo, Qt::Key_Return, MessageAnswer::Yes},
               {MessageButtons::YesNo, Qt::Key_Escape, MessageAnswer::No},
               {MessageButtons::YesNoDefaultNo, Qt::Key_Return, MessageAnswer::No},
-              {MessageButtons::YesNoDefaultNo, Qt::Key_Escape, MessageAnswer::No}};
+              {MessageButtons::YesNoDefaultNo, Qt::Key_Escape, MessageAnswer::No},
+              {MessageButtons::YesNoCancel, Qt::Key_Return, MessageAnswer::Yes},
+              {MessageButtons::YesNoCancel, Qt::Key_Escape, MessageAnswer::Cancel}};
   for (const auto& row : rows) {
     InBox([&row](QDialog* box) { QTest::keyClick(box, row.key); });
     EXPECT_EQ(ShowMessageBox(nullptr, MessageKind::Information, "", "One sentence.", row.buttons),

@@ -21,6 +21,7 @@
 #include "shell/mStart.h"
 #include "shell/mTick.h"
 #include "shell/qtApplication.h"
+#include "tests/fakes/FakeForms.h"
 #include "tests/fakes/FakePlatform.h"
 #include "tests/fakes/ProgramFolder.h"
 
@@ -145,7 +146,7 @@ TEST_F(MainWindowTest, CommandsWithoutAWindowAreDisabled) {
        {"mnuFileSalva", "mnuModificaCopia", "mnuCieloMappaLocale", "mnuOpzioniGenerali"})
     EXPECT_FALSE(Item(name)->isEnabled()) << name;
   EXPECT_FALSE(Button("LocalSky")->isEnabled());
-  ClickPanel(3);
+  ClickPanel(1);
   EXPECT_TRUE(platform_.messages.empty());
 }
 
@@ -231,6 +232,75 @@ TEST_F(MainWindowTest, ExitAsksWhereTheOptionsSay) {
   EXPECT_EQ(platform_.messages.size(), 3U);
   EXPECT_EQ(GetRegistryString(settingsApplication, "Mappamondo", "Griglia", ""), "0");
   EXPECT_FALSE(TickEnabled);
+}
+
+TEST_F(MainWindowTest, ExitAsksForAChangedActiveListAndStaysWhereItCannotBeSaved) {
+  SaveRegistryString(settingsApplication, "Generali", "Verifica opzioni", "-1");
+  Follow(3);
+  Start();
+  RotateActive();
+  platform_.answers = {MessageAnswer::Yes};
+  platform_.refuseWriting = true;
+  window_->close();
+  EXPECT_TRUE(window_->isVisible()) << "what was to be saved is still there";
+  EXPECT_EQ(platform_.messages.size(), 2U);
+  platform_.refuseWriting = false;
+  platform_.answers = {MessageAnswer::Yes};
+  const std::string second = ElementLines[1].line1;
+  window_->close();
+  EXPECT_FALSE(window_->isVisible());
+  EXPECT_NE(ProgramFolder::Read(folder_.Path("Halvorine.ini")).find("\n" + second), std::string::npos);
+}
+
+TEST_F(MainWindowTest, ExitWithoutChangesAsksNothing) {
+  SaveRegistryString(settingsApplication, "Generali", "Verifica opzioni", "-1");
+  Follow(3);
+  Start();
+  window_->close();
+  EXPECT_FALSE(window_->isVisible());
+  EXPECT_TRUE(platform_.messages.empty());
+}
+
+TEST_F(MainWindowTest, AListFileThatCannotBeReadIsToldAndNeverReplacedInSilence) {
+  std::filesystem::create_symlink("/proc/self/mem", folder_.Path("Halvorine.ini"));
+  Start();
+  EXPECT_TRUE(window_->isVisible());
+  ASSERT_EQ(platform_.messages.size(), 1U);
+  EXPECT_EQ(platform_.messages[0].kind, MessageKind::Warning);
+  EXPECT_EQ(ActiveCount, 0);
+  QTest::mouseClick(Button("Save"), Qt::LeftButton);
+  ASSERT_EQ(platform_.messages.size(), 2U);
+  EXPECT_EQ(platform_.messages[1].kind, MessageKind::Question);
+  EXPECT_TRUE(std::filesystem::is_symlink(folder_.Path("Halvorine.ini")));
+}
+
+TEST_F(MainWindowTest, PanelTwoWarnsOfOldElementsAsTheClockGoes) {
+  Follow(1);
+  Start();
+  auto* const panel = Control<QWidget>(window_.get(), "StatusBar1.Panel", 2);
+  const QString plain = panel->toolTip();
+  platform_.clockUtc += 60;
+  tmrCentrale_Timer();
+  EXPECT_EQ(panel->toolTip(), plain + QStringLiteral("\n") + Text("MDIForm1", "elementivecchi"));
+  window_->Lingua();
+  EXPECT_TRUE(panel->toolTip().contains(QLatin1Char('\n')));
+  platform_.clockUtc -= 60;
+  tmrCentrale_Timer();
+  EXPECT_EQ(panel->toolTip(), plain);
+}
+
+TEST_F(MainWindowTest, AnotherPrincipalEndsTheTransitDisplayAndReleasesItsButton) {
+  Follow(2);
+  Start();
+  CallLog log;
+  FakeLocalSky sky(log);
+  window_->SetChecked("mnuLocalSkyTransitoPrincipale", true);
+  window_->SetChecked("mnuLocalSkyTempi", true);
+  EXPECT_TRUE(Button("Transit")->isChecked());
+  RotateActive();
+  EXPECT_FALSE(Button("Transit")->isChecked());
+  EXPECT_FALSE(window_->IsChecked("mnuLocalSkyTempi"));
+  EXPECT_EQ(log, (CallLog{"frmLocalSky.ResetModeButton", "frmLocalSky.Genera_mappa"}));
 }
 
 TEST_F(MainWindowTest, AnExitDuringALongOperationCancelsItAndComesBack) {

@@ -13,6 +13,7 @@ namespace halvorine {
 constexpr double TwoPi = 6.2831853, Pi = 3.14159265, HalfPi = 1.57079633, DegToRad = 0.0174532925,
                  RadToDeg = 57.295779513, EarthRadius = 6378.135;
 
+inline void FailRoot(double) {}
 inline double Finite(double x) { return x; }
 inline double Div(double x, double y) { return x / y; }
 inline double Sqrt(double x) { return std::sqrt(x); }

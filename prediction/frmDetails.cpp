@@ -1,0 +1,254 @@
+#include "prediction/frmDetails.h"
+
+#include <QFontMetrics>
+#include <QHeaderView>
+#include <QPointer>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "controls/qtIcons.h"
+#include "controls/qtLook.h"
+#include "controls/qtPrint.h"
+#include "shell/base/mLang.h"
+#include "shell/base/mLongOperation.h"
+#include "shell/base/mPlatform.h"
+
+namespace halvorine {
+
+namespace {
+
+constexpr const char* section = "frmDetails";
+// logical pixels
+constexpr int listExtent = 680, leastWidth = 480, scrollBarRoom = 20;
+
+bool IsRight(int column) { return SummaryColumns[static_cast<std::size_t>(column)].rightAligned; }
+
+QString Heading(int column) { return Text(section, SummaryColumns[static_cast<std::size_t>(column)].key); }
+
+/// The database of the window's own, beside the primary and the secondary one.
+SatelliteDatabase& ViewedDatabase() {
+  static SatelliteDatabase database;
+  return database;
+}
+
+}  // namespace
+
+void SummaryModel::SetTable(SummaryTable table) {
+  beginResetModel();
+  table_ = std::move(table);
+  endResetModel();
+}
+
+void SummaryModel::SortBy(int column) {
+  beginResetModel();
+  table_.SortBy(column);
+  endResetModel();
+}
+
+int SummaryModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : table_.Count(); }
+
+int SummaryModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : SummaryColumnCount;
+}
+
+QVariant SummaryModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
+  if (role == Qt::DisplayRole) return ToQ(table_.Cell(index.row(), index.column()));
+  if (role == Qt::TextAlignmentRole && IsRight(index.column()))
+    return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
+  return {};
+}
+
+QVariant SummaryModel::headerData(int column, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || column < 0 || column >= SummaryColumnCount) return {};
+  if (role == Qt::DisplayRole) return Heading(column);
+  if (role == Qt::TextAlignmentRole)
+    return static_cast<int>((IsRight(column) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+  return {};
+}
+
+TextRows::TextRows(QObject* parent) : QAbstractListModel(parent), width_(listExtent) {}
+
+void TextRows::Clear() {
+  beginResetModel();
+  rows_.clear();
+  width_ = listExtent;
+  endResetModel();
+}
+
+void TextRows::Append(const QString& row) {
+  const auto at = static_cast<int>(rows_.size());
+  beginInsertRows({}, at, at);
+  rows_.push_back(row);
+  width_ = std::max(width_, QFontMetrics(ColumnFont()).horizontalAdvance(row) + 12);
+  endInsertRows();
+}
+
+int TextRows::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+}
+
+QVariant TextRows::data(const QModelIndex& index, int role) const {
+  if (!index.isValid() || index.row() >= rows_.size()) return {};
+  if (role == Qt::DisplayRole) return rows_[index.row()];
+  if (role == Qt::SizeHintRole) return QSize(width_, QFontMetrics(ColumnFont()).height() + 2);
+  return {};
+}
+
+frmDetails::frmDetails() : ChildForm(QString::fromLatin1(section)) {
+  setWindowTitle(Text(section, "dettagli"));
+  setWindowIcon(Icon("table"));
+  summary_ = new SummaryModel(this);
+  ListView1_ = Named(new QTreeView(), "ListView1");
+  ListView1_->setModel(summary_);
+  ListView1_->setRootIsDecorated(false);
+  ListView1_->setItemsExpandable(false);
+  ListView1_->setUniformRowHeights(true);
+  ListView1_->setAlternatingRowColors(true);
+  ListView1_->setAllColumnsShowFocus(true);
+  ListView1_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  ListView1_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  ListView1_->setAccessibleName(windowTitle());
+  QHeaderView* const header = ListView1_->header();
+  header->setStretchLastSection(false);
+  header->setSectionsClickable(true);
+  header->setSectionsMovable(false);
+  header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  connect(header, &QHeaderView::sectionClicked, this, [this, header](int column) {
+    summary_->SortBy(column);
+    header->setSortIndicatorShown(true);
+    header->setSortIndicator(column,
+                             summary_->Table().Descending() ? Qt::DescendingOrder : Qt::AscendingOrder);
+  });
+  SizeColumns();
+  ListView1_->hide();
+  rows_ = new TextRows(this);
+  List1_ = Named(new RowList(), "List1");
+  List1_->setModel(rows_);
+  List1_->setFont(ColumnFont());
+  List1_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  List1_->setTextElideMode(Qt::ElideNone);
+  List1_->SetHint(Text(section, "elencovuoto"));
+  List1_->setAccessibleName(windowTitle());
+  auto* const layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(ListView1_);
+  layout->addWidget(List1_);
+  // all columns of the summary, where the work area has room for them
+  const int wide = ListView1_->header()->length() + scrollBarRoom;
+  const int room = WorkArea() != nullptr ? WorkArea()->width() - 2 * scrollBarRoom : wide;
+  SetFirstSize(std::clamp(wide, leastWidth, std::max(room, leastWidth)), 440);
+  Publish(this);
+}
+
+void frmDetails::SizeColumns() {
+  QHeaderView* const header = ListView1_->header();
+  // the agreed widths, but for headings that are longer in the present language; room for the sort mark
+  const QFontMetrics metrics(header->font());
+  for (int column = 0; column < SummaryColumnCount; ++column)
+    header->resizeSection(column, std::max(PixelsOf(SummaryColumns[static_cast<std::size_t>(column)].width),
+                                           metrics.horizontalAdvance(Heading(column)) + 28));
+}
+
+void frmDetails::LeggiDiretto(const std::string& path) {
+  if (LongOperation::Refused()) return;
+  ShowSummary({}, Text(section, "dettagli"));
+  // a yield may close the window
+  const QPointer<frmDetails> self(this);
+  SummaryTable table;
+  SummaryOutcome outcome = SummaryOutcome::NotAnElementFile;
+  {
+    const WaitPointerHold pointer;
+    outcome = SummariseFile(path, table);
+  }
+  if (self == nullptr) return;
+  if (outcome == SummaryOutcome::Done) {
+    ShowSummary(std::move(table), Text("Dialogs", "visualizzatle") + QLatin1String(" - ") + ToQ(path));
+    return;
+  }
+  BeginRows(LookupText(section, "dettagli"));
+  TellNoElementFile(path, outcome);
+}
+
+void frmDetails::Leggi(const std::string& path) {
+  if (LongOperation::Refused()) return;
+  try {
+    ReadDatabaseFile(path, ViewedDatabase());
+  } catch (const RuntimeFailure&) {
+    BeginRows(LookupText(section, "dettagli"));
+    TellNoElementFile(path);
+    return;
+  }
+  Summarise(ViewedDatabase(), Text("Dialogs", "visualizzatle") + QLatin1String(" - ") + ToQ(path));
+}
+
+void frmDetails::Sommario(int index) {
+  const SatelliteDatabase& database = DatabaseOf(index);
+  if (LongOperation::Refused()) return;
+  Summarise(database, Text(section, index == Primary ? "sommariodbprincipale" : "sommariodbsecondario"));
+}
+
+void frmDetails::Summarise(const SatelliteDatabase& database, const QString& title) {
+  ShowSummary({}, title);
+  const QPointer<frmDetails> self(this);
+  SummaryTable table;
+  {
+    const WaitPointerHold pointer;
+    SummariseDatabase(database, table);
+  }
+  if (self != nullptr) ShowSummary(std::move(table), title);
+}
+
+void frmDetails::ShowSummary(SummaryTable table, const QString& title) {
+  summary_->SetTable(std::move(table));
+  ListView1_->header()->setSortIndicatorShown(false);
+  ListView1_->scrollToTop();
+  List1_->hide();
+  ListView1_->show();
+  setWindowTitle(title);
+}
+
+void frmDetails::BeginRows(const std::string& title) {
+  rows_->Clear();
+  summary_->SetTable({});
+  ListView1_->hide();
+  List1_->show();
+  setWindowTitle(ToQ(title));
+}
+
+void frmDetails::AddRow(const std::string& row) { rows_->Append(ToQ(row)); }
+
+QStringList frmDetails::ShownRows() const {
+  if (ListView1_->isHidden()) return rows_->Rows();
+  const SummaryTable& table = summary_->Table();
+  QStringList rows;
+  for (int row = 0; row < table.Count(); ++row) {
+    QStringList cells;
+    for (int column = 0; column < SummaryColumnCount; ++column) cells << ToQ(table.Cell(row, column));
+    rows << cells.join(QLatin1String("  "));
+  }
+  return rows;
+}
+
+void frmDetails::Salva() {
+  const QPointer<frmDetails> self(this);
+  const std::optional<std::string> path = ThePlatform().ChooseFile(
+      {LookupText("Dialogs", "salvaconnome"), LookupText("Dialogs", "filtrotxt"), {}, true});
+  if (self == nullptr || !path || path->empty()) return;
+  std::string content;
+  for (const QString& row : ShownRows()) content += FromQ(row) + "\r\n";
+  try {
+    ThePlatform().WriteFile(*path, content);
+  } catch (const RuntimeFailure& failure) {
+    TellNotSaved(failure);
+  }
+}
+
+void frmDetails::Stampa() {
+  QPrinter& printer = ThePrinter();
+  const QStringList rows = ShownRows();
+  if (AskPrinter(printer, this)) PrintRows(printer, rows);
+}
+
+}  // namespace halvorine
