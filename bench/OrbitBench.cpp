@@ -191,7 +191,7 @@ double DecodeAndCompute() {
 const FigureRegistration search({"pass search, 24 hours, as a part of the literal one", 0.25, "",
                                  SearchAgainstLiteral});
 const FigureRegistration seconds({"passes of 30,000 satellites, 24 hours", 2.5, "s", SearchSeconds});
-const FigureRegistration evaluations({"elevations per searched satellite and day (literal: 470)", 120, "",
+const FigureRegistration evaluations({"elevations per searched satellite and day (literal: 470)", 200, "",
                                       Evaluations});
 const FigureRegistration near({"near-earth propagation with kept terms, as a part of one anew", 0.65, "",
                                [] { return KeptPropagation(LoadNear, PropagateSGP4); }});

@@ -47,6 +47,8 @@ struct StateScratchRecord {
   std::array<double, 3> position{}, velocity{};  // km, km/s
   std::array<double, 3> R{}, u{}, relativeVelocity{};
   std::array<double, 3> H{}, eccentricityVector{};  // inertial
+  double latitude = 0;                              // arc sine of z/|r|, radians
+  bool latitudeKnown = false;                       // it did not fail at this instant
   double p = 0, e = 0, a = 0;                       // osculating orbit, km
   double x = 0, y = 0;                              // orbit number
   double t = 0;                                     // refraction

@@ -76,6 +76,7 @@ void OsculatingOrbit(const ElementSet& set, SatelliteState& state, StateScratchR
   const Vector& v = VelocityKmS;
   const double radius = std::sqrt(Dot(r, r));
   const double v2 = Dot(v, v);
+  k.latitudeKnown = false;
   k.H = Cross(r, v);
   Attempt([&] { k.p = Finite(Dot(k.H, k.H) / muEarth); });
   Attempt([&] { state.Speed = Finite(std::sqrt(v2)); });
@@ -113,11 +114,15 @@ void LookAngles(SatelliteState& state, StateScratchRecord& k) {
 
 void SubPoint(SatelliteState& state, const StateScratchRecord& k) {
   state.Longitude360 = ArcTan2Positive(k.position[1], k.position[0]) * RadToDeg;
-  // fails over a pole
-  Attempt([&] {
-    state.LatitudeSigned = state.GeocentricLatitude =
-        ArcSin(Div(k.position[2], state.GeocentricRadius)) * RadToDeg;
-  });
+  // ArcSin(Earth-fixed z/GeocentricRadius): mostly the arc that the height took, for turning leaves z as it
+  // is
+  if (k.latitudeKnown)
+    state.LatitudeSigned = state.GeocentricLatitude = k.latitude * RadToDeg;
+  else  // over a pole
+    Attempt([&] {
+      state.LatitudeSigned = state.GeocentricLatitude =
+          ArcSin(Div(k.position[2], state.GeocentricRadius)) * RadToDeg;
+    });
   const bool south = state.LatitudeSigned < 0;
   state.LatitudeAbs = south ? -state.LatitudeSigned : state.LatitudeSigned;
   state.LatitudeHemisphere = south ? 'S' : 'N';

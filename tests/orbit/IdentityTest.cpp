@@ -19,7 +19,10 @@ struct Written {
 
 Written Take(int slot, bool failed) {
   const SatelliteState& s = SatelliteStates[slot];
-  return {StateScratch,
+  StateScratchRecord scratch = StateScratch;
+  scratch.latitude = 0;  // kept only for the second of two uses
+  scratch.latitudeKnown = false;
+  return {scratch,
           PositionKm,
           VelocityKmS,
           {s.Elevation,

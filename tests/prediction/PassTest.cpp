@@ -2,6 +2,7 @@
 
 #include "astro/mAstro.h"
 #include "tests/fakes/FakePlatform.h"
+#include "tests/orbit/ManySets.h"
 #include "tests/orbit/OrbitFixture.h"
 
 namespace halvorine {
@@ -131,6 +132,53 @@ TEST_F(Passes, EveryStretchAboveTheThresholdIsFoundWhateverTheSpanCuts) {
       EXPECT_LE(pass.set.julianDay, query.tEnd);
     }
   }
+}
+
+/// Crossing of the threshold between two instants of different sign, by halving.
+double Crossed(double before, double after, double threshold) {
+  const auto isAbove = [threshold](double t) {
+    ComputeSatelliteState(1, t);
+    return SatelliteStates[1].Elevation > threshold;
+  };
+  const bool first = isAbove(before);
+  for (int i = 0; i < 12; ++i) {
+    const double middle = (before + after) / 2;
+    (isAbove(middle) == first ? before : after) = middle;
+  }
+  return after;
+}
+
+TEST_F(Passes, SamplingThirtySatellitesOverThreeSitesFindsTheSameEvents) {
+  int events = 0;
+  double site = 0;
+  std::vector<DatabaseEntry> entries = ManySets(60);
+  for (const DatabaseEntry& entry : entries) {
+    Estrai_Dati_Satellite(1, entry.name, entry.line1, entry.line2);
+    if (ElementSets[1].MeanMotion < 12) continue;
+    site = std::fmod(site + 1, 3);
+    Observe(45.4642 - 40 * site, 9.19 + 100 * site, 122);
+    PassQuery query = Days(2458139.5, 3);
+    query.azimuthMax = 400;
+    query.threshold = 3;
+    const std::vector<PassRecord> passes = Search(query).passes;
+    std::size_t next = 0;
+    constexpr double stride = 20.0 / 86400, second = 1.0 / 86400;
+    bool above = false;
+    for (double t = query.tStart; t < query.tEnd; t += stride) {
+      ComputeSatelliteState(1, t);
+      const bool now = SatelliteStates[1].Elevation > query.threshold;
+      if (now != above && t > query.tStart) {
+        const double event = Crossed(t - stride, t, query.threshold);
+        // passes of less than a stride are the search's alone
+        while (next < passes.size() && passes[next].set.julianDay < event - stride) ++next;
+        ASSERT_LT(next, passes.size()) << entry.name << " at " << NumberText(event);
+        EXPECT_NEAR(now ? passes[next].rise.julianDay : passes[next].set.julianDay, event, second);
+        ++events;
+      }
+      above = now;
+    }
+  }
+  EXPECT_GT(events, 800);
 }
 
 TEST_F(Passes, PassUnderWayAtEitherEndIsClampedThere) {
