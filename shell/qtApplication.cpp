@@ -7,6 +7,8 @@
 #include "controls/frmProgress.h"
 #include "controls/qtLook.h"
 #include "maps/frmWorldMap.h"
+#include "net/frmDownload.h"
+#include "net/frmSyncro.h"
 #include "prediction/frmDetails.h"
 #include "shell/base/mPlatform.h"
 #include "shell/base/qtForms.h"
@@ -44,6 +46,8 @@ void RegisterWindows() {
   MakeLoadable<frmLocation>("frmLocation");
   MakeLoadable<frmProgress>("frmProgress");
   MakeLoadable<frmWorldMap>("frmWorldMap");
+  MakeLoadable<frmDownload>("frmDownload");
+  MakeLoadable<frmSyncro>("frmSyncro");
 }
 
 }  // namespace halvorine
