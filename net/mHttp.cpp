@@ -124,7 +124,8 @@ std::optional<RemoteAddress> ReadAddress(std::string_view entry) {
   }
   if (name.starts_with('[') && name.ends_with(']')) name = name.substr(1, name.size() - 2);
   address.Name = name;
-  const bool broken = std::any_of(name.begin(), name.end(), [](char c) { return c == ' ' || IsControl(c); });
+  const bool broken =
+      std::any_of(name.begin(), name.end(), [](char c) { return c == ' ' || c == '[' || IsControl(c); });
   if (name.empty() || broken) return std::nullopt;
   return address;
 }

@@ -173,7 +173,9 @@ TEST_F(FirstQuarterTest, EveryCommandDoesWhatItSaysOrIsDisabled) {
                                                     {"mnuSatellitiDatabase", "frmDatabase"},
                                                     {"mnuStrumentiCalendario", "frmCalendar"},
                                                     {"mnuOpzioniData", "frmTime"},
-                                                    {"mnuOpzioniLocalita", "frmLocation"}};
+                                                    {"mnuOpzioniLocalita", "frmLocation"},
+                                                    {"mnuStrumentiDownload", "frmDownload"},
+                                                    {"mnuStrumentiSincronizzazione", "frmSyncro"}};
   // these ask with a window of their own that waits, or end the program; other tests drive them
   const QStringList waiting{"mnuOpzioniLingua", "mnuAiutoInformazioni", "mnuFileEsci",
                             "mnuFileImpostaStampante", "mnuFileStampa"};
@@ -206,7 +208,8 @@ TEST_F(FirstQuarterTest, NoWindowCutsATextInAnyLanguage) {
   Start();
   for (const std::string& language : InstalledLanguages()) {
     ChooseLanguage(language);
-    for (const char* const name : {"frmTime", "frmCalendar", "frmLocation", "frmDatabase", "frmProgress"}) {
+    for (const char* const name : {"frmTime", "frmCalendar", "frmLocation", "frmDatabase", "frmProgress",
+                                   "frmDownload", "frmSyncro"}) {
       FormCalls* const form = LoadForm(name);
       ASSERT_NE(form, nullptr) << name;
       form->Show();
