@@ -19,7 +19,7 @@ namespace {
 
 constexpr const char* section = "frmSyncro";
 constexpr int helpTopic = 180;
-constexpr int statusLines = 5;
+constexpr int statusLines = 4;
 
 }  // namespace
 

@@ -145,14 +145,13 @@ bool IsWanted(const HttpAnswer& answer) { return answer.Status == 200 && !answer
 
 std::string CompletionText(const HttpAnswer& answer, const std::string& kept) {
   std::string text = LookupText(section, "downloadcompleto");
-  const auto add = [&text](const char* key, const std::string& value) {
-    text += "\n" + LookupText(section, key);
-    if (!value.empty()) text += ": " + value;
+  const auto add = [&text](const char* key, const std::string& behind) {
+    text += "\n" + LookupText(section, key) + behind;
   };
-  if (answer.Status != 200) add("rispostaserver", answer.StatusText);
-  if (!answer.Location.empty()) add("nuovoindirizzo", answer.Location);
+  if (answer.Status != 200) add("rispostaserver", " " + answer.StatusText);
+  if (!answer.Location.empty()) add("nuovoindirizzo", "\n" + answer.Location);
   if (answer.Incomplete) add("fileincompleto", {});
-  if (!kept.empty()) add("vecchiofile", fs::path(kept).filename().string());
+  if (!kept.empty()) add("vecchiofile", " " + fs::path(kept).filename().string());
   return text;
 }
 

@@ -164,7 +164,7 @@ Arrival TakeBytes(HttpTransfer& transfer, std::string_view bytes) {
   transfer.HeaderSeen = true;
   transfer.BytesReceived = static_cast<std::int32_t>(buffer.size() - end - emptyLine.size());
   transfer.ContentLength = ContentLengthOf(buffer.substr(0, end));
-  return Arrival::Header;
+  return Arrival::Body;
 }
 
 std::string_view HeaderValue(std::string_view header, std::string_view name) {

@@ -49,8 +49,8 @@ struct HttpTransfer {
 };
 
 enum class Arrival : std::uint8_t {
-  Header,   // bytes of the header, and what came in one piece with its end
-  Body,     // bytes of the body were counted
+  Header,   // the header has no end yet
+  Body,     // the header is whole, and the bytes of the body so far are counted
   TooMuch,  // a limit is passed; the transfer is to be closed
 };
 

@@ -32,7 +32,7 @@ std::optional<Date> InstantOfReply(std::string_view reply, float roundTrip) {
 double OffsetSeconds(Date instant, Date clock) { return std::round((instant - clock) * secondsPerDay); }
 
 std::string OffsetText(double seconds) {
-  return LookupText("frmSyncro", "scarto") + ": " + (seconds > 0 ? "+" : "") + NumberText(seconds);
+  return LookupText("frmSyncro", "scarto") + " " + (seconds > 0 ? "+" : "") + NumberText(seconds);
 }
 
 }  // namespace halvorine

@@ -21,7 +21,7 @@ std::optional<Date> InstantOfReply(std::string_view reply, float roundTrip);
 /// Whole seconds by which a clock is to be moved to show an instant.
 double OffsetSeconds(Date instant, Date clock);
 
-/// "Offset of the clock in seconds: -12".
+/// "Offset of the clock in seconds -12".
 std::string OffsetText(double seconds);
 
 }  // namespace halvorine

@@ -35,11 +35,14 @@ bool KeptCheck(const std::string& section) {
   }
 }
 
-/// A line with its longest words cut in the middle, so that nothing leaves the label.
+/// A line that can be wrapped between its words as it is; one with a word wider than the label is cut in the
+/// middle.
 QString Fitted(const QString& line, const QFontMetrics& metrics, int width) {
-  QStringList words = line.split(QLatin1Char(' '));
-  for (QString& word : words) word = metrics.elidedText(word, Qt::ElideMiddle, width);
-  return words.join(QLatin1Char(' '));
+  const QStringList words = line.split(QLatin1Char(' '));
+  const bool fits = std::all_of(words.begin(), words.end(), [&](const QString& word) {
+    return metrics.horizontalAdvance(word) <= width;
+  });
+  return fits ? line : metrics.elidedText(line, Qt::ElideMiddle, width);
 }
 
 }  // namespace
@@ -75,6 +78,7 @@ QComboBox* NetDialog::MakeList(const char* name, const QString& caption) {
   list->setMaxVisibleItems(listedEntries);
   list->setCompleter(nullptr);
   list->lineEdit()->setMaxLength(longestEntry);
+  list->lineEdit()->setTextMargins(4, 0, 0, 0);
   list->setAccessibleName(caption);
   return list;
 }

@@ -34,7 +34,7 @@ class NetDialog : public QDialog, public FormCalls {
 
   /// False, with a status, where the connection is to be checked and the computer says that there is none.
   bool MayConnect();
-  /// Lines of a status. One that is too long for the window and holds no blank is cut in the middle.
+  /// Lines of a status. One with a word wider than the window is cut in the middle.
   void SetStatus(const std::string& text);
   void SetCancelCaption(const char* key);
   virtual void cmdOK_Click() = 0;

@@ -104,7 +104,7 @@ TEST_F(NetTest, EveryAnswerEndsInItsState) {
   const std::string most(0x7FFF, 'm'), binary("\0\xFF\r\n\r\n\x1A", 7);
   const std::string complete = Told("downloadcompleto"), stopped = InterruptedText();
   const std::string part = complete + "\n" + Told("fileincompleto");
-  const std::string answered = complete + "\n" + Told("rispostaserver") + ": ";
+  const std::string answered = complete + "\n" + Told("rispostaserver") + " ";
   const auto sized = [](const std::string& length) { return std::string(head) + length + "\r\n\r\nbody"; };
   Limits.Idle = 150;
   Limits.Header = 4000;
@@ -129,7 +129,7 @@ TEST_F(NetTest, EveryAnswerEndsInItsState) {
       {sized("transfer-encoding: chunked"), End::Close, "body", complete},
       {"HTTP/1.1 204 No Content\r\n\r\n", End::Close, "", answered + "204 No Content"},
       {"HTTP/1.1 301 Moved\r\nlocation: https://h/b<i>\r\n\r\nmoved", End::Close, "moved",
-       answered + "301 Moved\n" + Told("nuovoindirizzo") + ": https://h/b<i>"},
+       answered + "301 Moved\n" + Told("nuovoindirizzo") + "\nhttps://h/b<i>"},
       {"HTTP/1.1 403 Forbidden\r\n\r\nno", End::Close, "no", answered + "403 Forbidden"},
       {"HTTP/1.1 404 Not\x01\xFF\r\n\r\nno", End::Close, "no", answered + "404 Not ÿ"},
       {"no status\r\n\r\nno", End::Close, "no", answered + "no status"},
@@ -153,7 +153,7 @@ TEST_F(NetTest, EveryAnswerEndsInItsState) {
     const bool wanted = expected.status == complete || expected.body == oldText;
     EXPECT_EQ(Saved(), expected.body) << row;
     EXPECT_EQ(Status(),
-              wanted ? expected.status : expected.status + "\n" + Told("vecchiofile") + ": target.txt.bak")
+              wanted ? expected.status : expected.status + "\n" + Told("vecchiofile") + " target.txt.bak")
         << row;
     EXPECT_EQ(Beside(), wanted ? 0 : 1) << row;
     EXPECT_EQ(ProgramFolder::Read(target_ + ".bak"), wanted ? "" : oldText) << row;
@@ -359,7 +359,7 @@ TEST_F(NetTest, TheClockIsSetOnlyWhenTheServiceSaysSo) {
   const std::string invalid = text("rispostanonvalida"), failed = text("nosincronizzazione");
   // 14 June 2022, 12:00:10, ten seconds ahead of the computer
   const std::string right("\xE6\x52\xF6\xCA", 4);
-  const std::string offset = text("scarto") + ": +10";
+  const std::string offset = text("scarto") + " +10";
   const struct {
     std::string reply;
     End end;
