@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "shell/base/mRecords.h"
 
@@ -190,6 +191,9 @@ void SetFormMaker(const std::string& name, std::function<void()> maker);
 
 /// Whether a maker for that window is known.
 bool CanLoadForm(std::string_view name);
+
+/// Names of the windows that can be loaded, in the order of the alphabet.
+std::vector<std::string> LoadableForms();
 
 /// Asks all windows but the named one whether they may be unloaded; false at the first that stays.
 bool FormsMayUnload(std::string_view except);
