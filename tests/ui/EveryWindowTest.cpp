@@ -75,7 +75,10 @@ void ExpectSingleMnemonics(const QWidget* window, const std::string& where) {
 TEST_F(EveryWindowTest, NoTextIsCutAndNoMnemonicIsDoubleInAnyLanguage) {
   Start(3);
   for (const std::string& language : InstalledLanguages()) {
+    UnloadAllForms("MDIForm1");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     ChooseLanguage(language);
+    window_->Lingua();
     for (const std::string& name : LoadableForms()) {
       QWidget* const window = Opened(name);
       ASSERT_NE(window, nullptr) << name;
