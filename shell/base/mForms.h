@@ -171,31 +171,6 @@ class ProgressCalls : public FormCalls {
   virtual void SetValue(double value) = 0;
 };
 
-/// frmObject: what is known about one object of a sky chart. Both come back when the user has closed it.
-class ObjectCalls : public FormCalls {
- public:
-  /// A star by its number in the catalogue, from 1.
-  virtual void ShowStar(int number) = 0;
-  /// A body by its row of SkyObjectTable.
-  virtual void ShowBody(int row) = 0;
-};
-
-/// frmMagnitude: the choice of how many stars a chart shows.
-class MagnitudeCalls : public FormCalls {
- public:
-  /// Asks for the chart named "locale", "generale" or "anteprima", and comes back when the user has decided.
-  virtual void ShowFor(std::string_view chart) = 0;
-};
-
-/// A window whose stars can be counted out by frmMagnitude.
-class StarCountCalls {
- public:
-  virtual ~StarCountCalls() = default;
-  virtual int StarCount() const = 0;
-  /// Takes another count and draws the chart anew.
-  virtual void SetStarCount(int count) = 0;
-};
-
 /// A window with a popup menu of its own on the main window. An item that has a check mark has flipped it
 /// before the window is told.
 class PopupCalls {
