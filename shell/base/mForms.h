@@ -74,12 +74,17 @@ class LocalSkyCalls : public FormCalls {
   virtual void ResetModeButton() = 0;
   virtual void ShowTexts(const LiveTexts& texts) = 0;
   virtual void Azzera_dati() = 0;
+  /// Takes over the options of the chart, whose menu checks have been set: what the window keeps itself (the
+  /// star count), the data box, then a rebuild.
+  virtual void Applica_opzioni() { Genera_mappa(); }
 };
 
 /// frmGeneralSky.
 class GeneralSkyCalls : public FormCalls {
  public:
   virtual void Genera_mappa() = 0;
+  /// Likewise.
+  virtual void Applica_opzioni() { Genera_mappa(); }
 };
 
 /// frmFloating.
