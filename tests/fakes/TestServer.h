@@ -17,7 +17,8 @@ namespace halvorine {
 
 class TestServer : public QTcpServer {
  public:
-  enum class End { Close, Stay, Reset };
+  /// Cut ends a connection over TLS without its farewell, as some servers do.
+  enum class End { Close, Stay, Reset, Cut };
 
   /// With a file of tests/reference/tls as certificate the server speaks TLS.
   explicit TestServer(const char* certificate = nullptr) {
@@ -49,6 +50,8 @@ class TestServer : public QTcpServer {
       const linger hard{1, 0};
       ::setsockopt(static_cast<int>(socket_->socketDescriptor()), SOL_SOCKET, SO_LINGER, &hard, sizeof hard);
       socket_->abort();
+    } else if (how == End::Cut) {
+      ::shutdown(static_cast<int>(socket_->socketDescriptor()), SHUT_WR);
     } else {
       socket_->disconnectFromHost();
     }
