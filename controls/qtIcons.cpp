@@ -7,8 +7,8 @@
 #include <QPainter>
 #include <QPixmapCache>
 #include <algorithm>
-#include <cmath>
 
+#include "controls/mNight.h"
 #include "controls/qtLookStyle.h"
 
 // the pictures stand in a static library, whose resources do not announce themselves
@@ -192,10 +192,7 @@ QImage NightIconImage(const QImage& day) {
 }
 
 QImage NightMapImage(const QImage& day) {
-  return Changed(day, [](QRgb c) {
-    const double value = std::max({1.0 * qRed(c), 0.8 * qGreen(c), 0.5 * qBlue(c)});
-    return qRound(255 * std::pow(value / 255, 1.5));
-  });
+  return Changed(day, [](QRgb c) { return NightLevel(qRed(c), qGreen(c), qBlue(c)); });
 }
 
 }  // namespace halvorine

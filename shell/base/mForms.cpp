@@ -54,6 +54,13 @@ bool CanLoadForm(std::string_view name) {
   return makers.contains(LowerCase(name)) || LoadedForm(name) != nullptr;
 }
 
+std::vector<std::string> LoadableForms() {
+  std::vector<std::string> names;
+  names.reserve(makers.size());
+  for (const auto& maker : makers) names.push_back(maker.first);
+  return names;
+}
+
 bool FormsMayUnload(std::string_view except) {
   // an answer may take windows away; the copy stands for the walk
   const std::vector<RegisteredForm> walked(forms.rbegin(), forms.rend());

@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "shell/base/mRecords.h"
 
@@ -71,18 +72,32 @@ class LocalSkyCalls : public FormCalls {
   virtual void ResetModeButton() = 0;
   virtual void ShowTexts(const LiveTexts& texts) = 0;
   virtual void Azzera_dati() = 0;
+  /// Takes over the options of the chart, whose menu checks have been set: what the window keeps itself (the
+  /// star count), the data box, then a rebuild.
+  virtual void Applica_opzioni() { Genera_mappa(); }
 };
 
 /// frmGeneralSky.
 class GeneralSkyCalls : public FormCalls {
  public:
   virtual void Genera_mappa() = 0;
+  /// Likewise.
+  virtual void Applica_opzioni() { Genera_mappa(); }
 };
 
 /// frmFloating.
 class FloatingCalls : public FormCalls {
  public:
   virtual void ShowTexts(const LiveTexts& texts) = 0;
+  /// Shows the panel or hides it; hidden it keeps its place and its opacity.
+  virtual void SetShown(bool shown) = 0;
+};
+
+/// frmSettings.
+class SettingsCalls : public FormCalls {
+ public:
+  /// Shows the window with one of its tabs, from 0.
+  virtual void ShowTab(int tab) = 0;
 };
 
 /// frmTime: real time or simulation, and its labels.
@@ -190,6 +205,9 @@ void SetFormMaker(const std::string& name, std::function<void()> maker);
 
 /// Whether a maker for that window is known.
 bool CanLoadForm(std::string_view name);
+
+/// Names of all windows that can be made, in lower case.
+std::vector<std::string> LoadableForms();
 
 /// Asks all windows but the named one whether they may be unloaded; false at the first that stays.
 bool FormsMayUnload(std::string_view except);

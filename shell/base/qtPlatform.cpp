@@ -1,6 +1,7 @@
 #include "shell/base/qtPlatform.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QDateTime>
 #include <QDeadlineTimer>
 #include <QDesktopServices>
@@ -66,6 +67,12 @@ std::optional<std::string> QtPlatform::ChooseFile(const FileQuestion& question) 
                                          : QFileDialog::getOpenFileName(parent, title, initial, filter);
   if (chosen.isEmpty()) return std::nullopt;
   return FromQ(chosen);
+}
+
+std::optional<std::int32_t> QtPlatform::ChooseColour(const std::string& title, std::int32_t start) {
+  const QColor chosen = QColorDialog::getColor(ColourOf(start), QApplication::activeWindow(), ToQ(title));
+  if (!chosen.isValid()) return std::nullopt;
+  return NumberOf(chosen);
 }
 
 void QtPlatform::Yield() { QCoreApplication::processEvents(); }
