@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
@@ -42,11 +43,14 @@ frmFloating::frmFloating() : QWidget(MainWindow(), Qt::Tool) {
   hscrTrasparenza_->setFocusPolicy(Qt::StrongFocus);
   hscrTrasparenza_->setAccessibleName(caption->text());
   hscrTrasparenza_->setToolTip(caption->text());
-  auto* const last = new QVBoxLayout();
+  lblOpacity_ = Named(new QLabel(), "lblOpacita");
+  lblOpacity_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  auto* const last = new QGridLayout();
   last->setContentsMargins(margin, 0, margin, margin);
-  last->setSpacing(4);
-  last->addWidget(caption);
-  last->addWidget(hscrTrasparenza_);
+  last->setVerticalSpacing(4);
+  last->addWidget(caption, 0, 0);
+  last->addWidget(lblOpacity_, 0, 1);
+  last->addWidget(hscrTrasparenza_, 1, 0, 1, 2);
   auto* const rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(6);
@@ -100,7 +104,10 @@ void frmFloating::Unload() {
   deleteLater();
 }
 
-void frmFloating::hscrTrasparenza_Change(int opacity) { ImpostaOpacita(*this, opacity); }
+void frmFloating::hscrTrasparenza_Change(int opacity) {
+  ImpostaOpacita(*this, opacity);
+  lblOpacity_->setText(QStringLiteral("%1%").arg(qRound(100.0 * opacity / fullOpacity)));
+}
 
 void frmFloating::closeEvent(QCloseEvent* event) {
   event->accept();

@@ -2,6 +2,7 @@
 // as opaque as its user wants it.
 #pragma once
 
+#include <QLabel>
 #include <QScrollBar>
 #include <QWidget>
 
@@ -36,6 +37,7 @@ class frmFloating : public QWidget, public FloatingCalls {
 
   DataBox* fraSatellitePrincipale_;
   QScrollBar* hscrTrasparenza_;
+  QLabel* lblOpacity_ = nullptr;
   bool placed_ = false, unloaded_ = false;
 };
 
