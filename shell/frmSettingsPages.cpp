@@ -47,12 +47,12 @@ QVBoxLayout* Rows(QWidget* frame, bool edged) {
   return rows;
 }
 
-/// Rows of a caption and a field.
+/// Rows of a caption and a field; the fields are equally wide.
 QGridLayout* Fields() {
   auto* const grid = new QGridLayout();
   grid->setHorizontalSpacing(columnGap);
   grid->setVerticalSpacing(rowGap);
-  grid->setColumnStretch(1, 1);
+  grid->setColumnStretch(2, 1);
   return grid;
 }
 
@@ -74,7 +74,7 @@ void frmSettings::AddList(QGridLayout* grid, const std::string& control) {
   caption->setBuddy(list);
   const int at = grid->rowCount();
   grid->addWidget(caption, at, 0);
-  grid->addWidget(list, at, 1, Qt::AlignLeft);
+  grid->addWidget(list, at, 1);
 }
 
 void frmSettings::AddColour(QGridLayout* grid, int row, int column, const std::string& control) {
@@ -138,14 +138,14 @@ QWidget* frmSettings::MakeSatelliti() {
   QGridLayout* const fields = Fields();
   const auto explain = [fields](const char* key) {
     const int at = fields->rowCount();
-    fields->addWidget(Info(key), at, 0, 1, 2);
+    fields->addWidget(Info(key), at, 0, 1, 3);
     fields->setRowMinimumHeight(at + 1, rowGap / 2);
   };
   AddList(fields, "cmbPropagatore");
   explain("infopropagatore");
   AddList(fields, "cmbMagnitudine");
   explain("infomagnitudine");
-  fields->addWidget(MakeCheck("chkRifrazione"), fields->rowCount(), 0, 1, 2);
+  fields->addWidget(MakeCheck("chkRifrazione"), fields->rowCount(), 0, 1, 3);
   explain("inforifrazione");
   AddList(fields, "cmbVisibilita");
   explain("infovisibilita");
@@ -188,7 +188,7 @@ QWidget* frmSettings::MakeObjects(const char* name, const std::string& chart) {
     left->addWidget(MakeCheck("chk" + chart + check));
   for (const char* const check : {"CostellazioniNomi", "PianetiNomi", "SoleLunaNomi"})
     right->addWidget(MakeCheck("chk" + chart + check));
-  right->addStretch();
+  right->setAlignment(Qt::AlignTop);
   columns->addWidget(objects, 1);
   columns->addWidget(labels, 1);
   rows->addLayout(columns);

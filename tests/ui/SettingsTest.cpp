@@ -10,6 +10,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolBar>
+#include <filesystem>
 #include <limits>
 #include <set>
 
@@ -437,6 +438,12 @@ TEST_F(SettingsTest, AStoreThatCannotBeWrittenIsToldAndTheDialogStays) {
   Click("cmdSave");
   EXPECT_EQ(platform_.messages.size(), 1U);
   EXPECT_TRUE(IsFormLoaded("frmSettings"));
+  platform_.refuseWriting = false;
+  std::filesystem::remove(folder_.SettingsFile());
+  Click("cmdSave");
+  ForgetSettings();
+  EXPECT_EQ(GetRegistryString(settingsApplication, "Satelliti", "Soglia", ""), "-10")
+      << "a lost file is whole";
 }
 
 TEST_F(SettingsTest, TheKeyboardReachesEveryControl) {
