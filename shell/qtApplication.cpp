@@ -4,6 +4,7 @@
 #include <exception>
 
 #include "catalogue/frmDatabase.h"
+#include "controls/frmFloating.h"
 #include "controls/frmProgress.h"
 #include "controls/qtLook.h"
 #include "maps/frmWorldMap.h"
@@ -12,6 +13,7 @@
 #include "shell/base/qtForms.h"
 #include "shell/frmCalendar.h"
 #include "shell/frmLocation.h"
+#include "shell/frmSettings.h"
 #include "shell/frmTime.h"
 #include "shell/mStart.h"
 
@@ -44,6 +46,8 @@ void RegisterWindows() {
   MakeLoadable<frmLocation>("frmLocation");
   MakeLoadable<frmProgress>("frmProgress");
   MakeLoadable<frmWorldMap>("frmWorldMap");
+  MakeLoadable<frmFloating>("frmFloating");
+  MakeLoadable<frmSettings>("frmSettings");
 }
 
 }  // namespace halvorine

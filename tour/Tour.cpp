@@ -174,8 +174,35 @@ std::vector<Stop> Stops(MDIForm1& window) {
        }},
       {"frmWorldMap-Recta", "The rectangular map with track, circle, night side and the live values",
        [&window] { return OpenMap(window, "mnuTerraMappaRettangolare", QSize(960, 590)); }},
+      {"frmSettings-Filters", "Options: which passes a list keeps",
+       [=, &window] {
+         window.RunCommand("mnuOpzioniFiltri");
+         Settle();
+         return child("frmSettings");
+       }},
+      {"frmSettings-Colours", "Options: the colours of maps and charts",
+       [=, &window] {
+         window.RunCommand("mnuOpzioniColori");
+         Settle();
+         return child("frmSettings");
+       }},
+      {"frmFloating", "The live values in a window of their own",
+       [&window] {
+         if (FormCalls* const settings = LoadedForm("frmSettings")) settings->Unload();
+         window.RunCommand("mnuVisualizzaBarraDati");
+         return window.findChild<QWidget*>(QStringLiteral("frmFloating"));
+       }},
+      {"MDIForm1-Night", "Night colours for eyes that are used to the dark",
+       [&window]() -> QWidget* {
+         if (FormCalls* const panel = LoadedForm("frmFloating")) panel->Unload();
+         window.RunCommand("mnuVisualizzaColoriNotte");
+         return &window;
+       }},
       {"MDIForm1", "The main window with its menus, toolbar and status bar",
-       [&window]() -> QWidget* { return &window; }},
+       [&window]() -> QWidget* {
+         if (NightColoursActive) window.RunCommand("mnuVisualizzaColoriNotte");
+         return &window;
+       }},
   };
 }
 

@@ -1,6 +1,7 @@
 #include "shell/base/qtPlatform.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QDateTime>
 #include <QDeadlineTimer>
 #include <QDesktopServices>
@@ -14,6 +15,7 @@
 #include <QUrl>
 
 #include "controls/qtMessage.h"
+#include "shell/base/mGlobal.h"
 #include "shell/base/mText.h"
 #include "shell/base/qtForms.h"
 
@@ -62,10 +64,23 @@ std::optional<std::string> QtPlatform::ChooseFile(const FileQuestion& question) 
   const QString filter = DialogFilter(question.filter);
   const QString initial = ToQ(question.initial);
   QWidget* const parent = QApplication::activeWindow();
-  const QString chosen = question.saving ? QFileDialog::getSaveFileName(parent, title, initial, filter)
-                                         : QFileDialog::getOpenFileName(parent, title, initial, filter);
+  // the desktop's own dialogs know no night colours
+  const QFileDialog::Options options =
+      NightColoursActive ? QFileDialog::DontUseNativeDialog : QFileDialog::Options();
+  const QString chosen = question.saving
+                             ? QFileDialog::getSaveFileName(parent, title, initial, filter, nullptr, options)
+                             : QFileDialog::getOpenFileName(parent, title, initial, filter, nullptr, options);
   if (chosen.isEmpty()) return std::nullopt;
   return FromQ(chosen);
+}
+
+std::optional<std::int32_t> QtPlatform::ChooseColour(const std::string& title, std::int32_t start) {
+  const QColorDialog::ColorDialogOptions options =
+      NightColoursActive ? QColorDialog::DontUseNativeDialog : QColorDialog::ColorDialogOptions();
+  const QColor chosen =
+      QColorDialog::getColor(ColourOf(start), QApplication::activeWindow(), ToQ(title), options);
+  if (!chosen.isValid()) return std::nullopt;
+  return NumberOf(chosen);
 }
 
 void QtPlatform::Yield() { QCoreApplication::processEvents(); }
