@@ -4,6 +4,8 @@
 #include <QPageSetupDialog>
 #include <QPainter>
 #include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -12,6 +14,7 @@ namespace halvorine {
 namespace {
 
 constexpr double margin = 450, twipsPerInch = 1440;
+constexpr double rowPoints = 10, leastPoints = 6;
 
 std::unique_ptr<QPrinter> printer;
 std::function<bool(QPrinter&)> printerAnswer;
@@ -46,26 +49,73 @@ bool AskPrinter(QPrinter& target, QWidget* parent, bool hasSelection) {
 
 void SetPrinterAnswer(std::function<bool(QPrinter&)> answer) { printerAnswer = std::move(answer); }
 
+namespace {
+
+/// Rows laid out on the pages of a printer, in its device units.
+struct RowPages {
+  RowPages(QPrinter& target, const QStringList& rows);
+  double Room() const { return target.width() - 2 * edge; }
+
+  QPrinter& target;
+  QFont font;
+  double edge, lineHeight = 0, ascent = 0;
+  int rowsOnPage = 1, count = 1;
+};
+
+RowPages::RowPages(QPrinter& printed, const QStringList& rows)
+    : target(printed),
+      font(QStringLiteral("Courier New")),
+      edge(margin * printed.resolution() / twipsPerInch) {
+  font.setStyleHint(QFont::Monospace);
+  for (double points = rowPoints; points >= leastPoints; points -= 0.5) {
+    font.setPointSizeF(points);
+    const QFontMetricsF metrics(font, &target);
+    lineHeight = metrics.lineSpacing();
+    ascent = metrics.ascent();
+    const bool fits = std::all_of(rows.begin(), rows.end(), [&](const QString& row) {
+      return metrics.horizontalAdvance(row) <= Room();
+    });
+    if (fits) break;
+  }
+  // the page number takes two lines at the foot
+  const double room = target.height() - 2 * edge - 2 * lineHeight;
+  rowsOnPage = std::max(1, static_cast<int>(room / lineHeight));
+  count = std::max(1, (static_cast<int>(rows.size()) + rowsOnPage - 1) / rowsOnPage);
+}
+
+}  // namespace
+
 bool PrintRows(QPrinter& target, const QStringList& rows) {
   target.setFullPage(true);
   QPainter painter;
   if (!painter.begin(&target)) return false;
-  QFont font(QStringLiteral("Courier New"), 10);
-  font.setStyleHint(QFont::Monospace);
-  painter.setFont(font);
+  const RowPages pages(target, rows);
+  painter.setFont(pages.font);
   painter.setPen(Qt::black);
-  const double edge = margin * target.resolution() / twipsPerInch;
-  const QFontMetricsF metrics(font, &target);
-  double y = edge;
-  for (const QString& row : rows) {
-    if (y + metrics.lineSpacing() > target.height() - edge && y > edge) {
-      if (!target.newPage()) return false;
-      y = edge;
+  const int first = target.fromPage() > 0 ? target.fromPage() : 1;
+  const int last = target.toPage() > 0 ? std::min(target.toPage(), pages.count) : pages.count;
+  for (int page = first; page <= last; ++page) {
+    if (page > first && !target.newPage()) return false;
+    const qsizetype begin = static_cast<qsizetype>(page - 1) * pages.rowsOnPage;
+    double y = pages.edge;
+    for (const QString& row : rows.mid(begin, pages.rowsOnPage)) {
+      painter.drawText(QPointF(pages.edge, y + pages.ascent), row);
+      y += pages.lineHeight;
     }
-    painter.drawText(QPointF(edge, y + metrics.ascent()), row);
-    y += metrics.lineSpacing();
+    const QRectF foot(pages.edge, target.height() - pages.edge - pages.lineHeight, pages.Room(),
+                      pages.lineHeight);
+    painter.drawText(foot, Qt::AlignRight | Qt::AlignVCenter,
+                     QStringLiteral("%1 / %2").arg(page).arg(pages.count));
   }
   return painter.end();
+}
+
+void PreviewRows(QWidget* parent, const QStringList& rows, const QString& title) {
+  QPrintPreviewDialog dialog(&ThePrinter(), parent);
+  dialog.setWindowTitle(title);
+  QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
+                   [&rows](QPrinter* printed) { PrintRows(*printed, rows); });
+  dialog.exec();
 }
 
 }  // namespace halvorine

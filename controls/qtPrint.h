@@ -22,7 +22,11 @@ bool AskPrinter(QPrinter& printer, QWidget* parent, bool hasSelection = false);
 void SetPrinterAnswer(std::function<bool(QPrinter&)> answer);
 
 /// Prints rows in black "Courier New" of 10 points, from 450 twips downwards and rightwards, with new pages
-/// as they are needed. False where the printer refuses.
+/// as they are needed and "page / pages" at the foot of each. Rows that are wider than the paper shrink them
+/// all, down to 6 points. Only the pages that the printer was asked for. False where the printer refuses.
 bool PrintRows(QPrinter& printer, const QStringList& rows);
+
+/// Shows in a window how PrintRows would print, with a way on to the print dialog; waits for its end.
+void PreviewRows(QWidget* parent, const QStringList& rows, const QString& title);
 
 }  // namespace halvorine

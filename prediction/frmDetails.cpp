@@ -73,25 +73,52 @@ TextRows::TextRows(QObject* parent) : QAbstractListModel(parent), width_(listExt
 void TextRows::Clear() {
   beginResetModel();
   rows_.clear();
+  source_ = {};
+  sourceCount_ = 0;
   width_ = listExtent;
   endResetModel();
 }
 
+void TextRows::WidenFor(const QString& row) {
+  width_ = std::max(width_, QFontMetrics(ColumnFont()).horizontalAdvance(row) + 12);
+}
+
+void TextRows::SetSource(int count, std::function<std::string(int)> source) {
+  Clear();
+  beginResetModel();
+  source_ = std::move(source);
+  sourceCount_ = count;
+  // rows of one report differ in width by the names of their months at most
+  constexpr int measured = 200;
+  for (int row = 0; row < std::min(count, measured); ++row) WidenFor(RowAt(row));
+  endResetModel();
+}
+
+QString TextRows::RowAt(int row) const {
+  return row < sourceCount_ ? ToQ(source_(row)) : rows_[row - sourceCount_];
+}
+
+QStringList TextRows::Rows() const {
+  QStringList all;
+  for (int row = 0; row < rowCount(); ++row) all.push_back(RowAt(row));
+  return all;
+}
+
 void TextRows::Append(const QString& row) {
-  const auto at = static_cast<int>(rows_.size());
+  const int at = rowCount();
   beginInsertRows({}, at, at);
   rows_.push_back(row);
-  width_ = std::max(width_, QFontMetrics(ColumnFont()).horizontalAdvance(row) + 12);
+  WidenFor(row);
   endInsertRows();
 }
 
 int TextRows::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+  return parent.isValid() ? 0 : sourceCount_ + static_cast<int>(rows_.size());
 }
 
 QVariant TextRows::data(const QModelIndex& index, int role) const {
-  if (!index.isValid() || index.row() >= rows_.size()) return {};
-  if (role == Qt::DisplayRole) return rows_[index.row()];
+  if (!index.isValid() || index.row() >= rowCount()) return {};
+  if (role == Qt::DisplayRole) return RowAt(index.row());
   if (role == Qt::SizeHintRole) return QSize(width_, QFontMetrics(ColumnFont()).height() + 2);
   return {};
 }
@@ -218,6 +245,12 @@ void frmDetails::BeginRows(const std::string& title) {
 }
 
 void frmDetails::AddRow(const std::string& row) { rows_->Append(ToQ(row)); }
+
+void frmDetails::ShowRows(const std::string& title, int count, std::function<std::string(int)> row) {
+  BeginRows(title);
+  rows_->SetSource(count, std::move(row));
+  List1_->scrollToTop();
+}
 
 QStringList frmDetails::ShownRows() const {
   if (ListView1_->isHidden()) return rows_->Rows();

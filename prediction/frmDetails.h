@@ -5,6 +5,8 @@
 #include <QAbstractListModel>
 #include <QAbstractTableModel>
 #include <QTreeView>
+#include <functional>
+#include <string>
 
 #include "catalogue/mElementFile.h"
 #include "catalogue/qtDatabaseList.h"
@@ -36,12 +38,18 @@ class TextRows : public QAbstractListModel {
   explicit TextRows(QObject* parent);
   void Clear();
   void Append(const QString& row);
-  const QStringList& Rows() const { return rows_; }
+  /// Rows that are made when they are looked at.
+  void SetSource(int count, std::function<std::string(int)> source);
+  QStringList Rows() const;
   int rowCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
 
  private:
+  QString RowAt(int row) const;
+  void WidenFor(const QString& row);
   QStringList rows_;
+  std::function<std::string(int)> source_;
+  int sourceCount_ = 0;
   int width_;
 };
 
@@ -57,6 +65,7 @@ class frmDetails : public ChildForm, public DetailsCalls, public SaveCalls, publ
   void Sommario(int index) override;
   void BeginRows(const std::string& title) override;
   void AddRow(const std::string& row) override;
+  void ShowRows(const std::string& title, int count, std::function<std::string(int)> row) override;
   /// Writes what is shown, a line for each row, to a file that is asked for.
   void Salva() override;
   void Stampa() override;

@@ -137,12 +137,34 @@ class DetailsCalls : public FormCalls {
   virtual void BeginRows(const std::string& title) = 0;
   /// Appends a row to List1.
   virtual void AddRow(const std::string& row) = 0;
+  /// Shows rows in List1 that are made when they are looked at, by their number from 0.
+  virtual void ShowRows(const std::string& title, int count, std::function<std::string(int)> row) = 0;
+};
+
+/// A pass as its chart shows it. All of it by value, so that the chart outlives the list it came from. Dates
+/// are civil local ones, to the second.
+struct PassChart {
+  Date rise = 0, culmination = 0, set = 0;
+  Date selected = 0;  // that of the three which is chosen: the moment of the chart
+  std::string riseRow, culminationRow, setRow;
+  ElementSet elements;
+  DatabaseEntry lines;
+};
+
+/// frmSkySat: the sky chart of one pass. Several can stand open; one that shows a pass goes by its name and a
+/// number, so that the plain name always loads a new one.
+class SkySatCalls : public FormCalls {
+ public:
+  /// Shows the chart of a pass, computed on the scratch slot, and brings it to the front.
+  virtual void ShowPass(const PassChart& pass) = 0;
 };
 
 /// frmProgress.
 class ProgressCalls : public FormCalls {
  public:
   virtual void Begin(const std::string& task, double maximum) = 0;
+  /// Names another task; the bar goes on.
+  virtual void SetTask(const std::string& task) = 0;
   virtual void SetValue(double value) = 0;
 };
 
