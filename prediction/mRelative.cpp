@@ -189,8 +189,8 @@ double LongitudeApart(double a, double b) {
 }
 
 TableOutcome MakeRelativeTable(const TableRequest& request, TextTable& table, const TableGrowth& grown) {
-  AddSatelliteHead(table.head, "satellitea", ScratchSlot, captionWidth);
-  AddSatelliteHead(table.head, "satelliteb", RelativeSlot, captionWidth);
+  AddSatelliteHead(table, "satellitea", ScratchSlot, captionWidth);
+  AddSatelliteHead(table, "satelliteb", RelativeSlot, captionWidth);
   AddCodeHead(table, request.code);
   grown();
   TableSatellite a(ScratchSlot);

@@ -141,10 +141,13 @@ std::array<double, MostColumns> ValuesOf(const TableSatellite& satellite, int co
 
 }  // namespace
 
-void AddSatelliteHead(std::vector<std::string>& head, const char* key, int slot, std::size_t width) {
+void AddSatelliteHead(TextTable& table, const char* key, int slot, std::size_t width) {
   const ElementSet& set = ElementSets[slot];
+  std::vector<std::string>& head = table.head;
+  const std::string name(Trimmed(set.Name));
+  table.satellites += (table.satellites.empty() ? "" : " / ") + name + " " + set.CatalogNumber;
   const auto caption = [width](std::string_view text) { return LeftAligned(text, width) + ": "; };
-  head.push_back(caption(LookupText(section, key)) + std::string(Trimmed(set.Name)));
+  head.push_back(caption(LookupText(section, key)) + name);
   head.push_back(caption("Norad #") + set.CatalogNumber);
   head.push_back(caption("ID #") + std::string(Columns(ElementLines[slot].line1, 10, 15)));
   const Date epoch = DateOf(ToInt16(set.EpochYear), 1, 0) + set.EpochDay;
@@ -234,7 +237,7 @@ TableOutcome FillTable(TextTable& table, const TableSpan& span, Date end, const 
 }
 
 TableOutcome MakeTable(int slot, TableRequest& request, TextTable& table, const TableGrowth& grown) {
-  AddSatelliteHead(table.head, "satellite", slot, captionWidth);
+  AddSatelliteHead(table, "satellite", slot, captionWidth);
   AddCodeHead(table, request.code);
   grown();
   const TableSpan span = SpanOf(request);

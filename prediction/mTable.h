@@ -55,7 +55,8 @@ constexpr int MostListRows = 32767;
 /// A table in lines: its head, the rows, and a blank one when it is complete.
 struct TextTable {
   std::vector<std::string> head;
-  std::string heading;  // the line of the head that names the columns
+  std::string heading;     // the line of the head that names the columns
+  std::string satellites;  // name and number of what it is about
   std::span<const TableColumn> columns;
   std::vector<TableRow> rows;
   bool complete = false;
@@ -68,18 +69,12 @@ struct TextTable {
 /// The text of a cell without blanks around it, as a line shows it.
 std::string CellText(const TableColumn& column, double value);
 
-/// The rows of a table for a CSV file: names of the columns, then date, time and values; lines end with CR
-/// LF, texts are quoted where they must be. Latitudes and longitudes stand there with their sign.
-std::string CsvRows(const TextTable& table);
+/// The rows of a table for a CSV file: names of the columns, then date, time and values, at last a line of
+/// place and zone and what the table is about. Lines end with CR LF; latitudes and longitudes stand there
+/// with their sign.
+std::string CsvOf(const TextTable& table, const std::string& placeAndZone);
 /// Rows of fixed width for a CSV file: a new cell begins behind two columns or more that are blank in all.
 std::string CsvOfLines(const std::vector<std::string>& lines);
-/// Cells as one line of a CSV file, with its end.
-std::string CsvLine(const std::vector<std::string>& cells);
-/// Whether a file name asks for CSV by its ending.
-bool IsCsvName(std::string_view path);
-
-/// The place and the zone in force, the last line of what is saved and printed: "Italy: Milano", "UTC+02:00".
-std::string PlaceAndZone(const ObserverSite& site);
 
 /// What a table is to hold. Dates in the observer's civil time.
 struct TableRequest {
@@ -171,6 +166,6 @@ TableOutcome FillTable(TextTable& table, const TableSpan& span, Date end, const 
                        const TableGrowth& grown);
 
 /// The four lines of a head that name the satellite of a slot; captions are `width` characters wide.
-void AddSatelliteHead(std::vector<std::string>& head, const char* key, int slot, std::size_t width);
+void AddSatelliteHead(TextTable& table, const char* key, int slot, std::size_t width);
 
 }  // namespace halvorine

@@ -1,9 +1,8 @@
 // Tables as lines of text and as CSV.
-#include <algorithm>
 #include <cmath>
 
-#include "astro/mAstro.h"
 #include "astro/mConv.h"
+#include "prediction/mReport.h"
 #include "prediction/mTable.h"
 #include "shell/base/mLang.h"
 #include "shell/base/mText.h"
@@ -43,13 +42,6 @@ std::string Degrees(double minutes) {
 std::string NumberCell(double value, const char* picture) {
   if (value == UnknownMagnitude) return "???";
   return value == NoMagnitude ? std::string() : Format(value, picture);
-}
-
-std::string CsvCell(const std::string& text) {
-  if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
-  std::string quoted = "\"";
-  for (const char c : text) quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
-  return quoted + '"';
 }
 
 std::string RowLine(const TextTable& table, const TableRow& row) {
@@ -107,15 +99,8 @@ std::string TextTable::Line(int line) const {
   return at - head.size() < rows.size() ? RowLine(*this, rows[at - head.size()]) : std::string();
 }
 
-std::string CsvLine(const std::vector<std::string>& cells) {
-  std::string line;
-  for (const std::string& cell : cells)
-    line += (line.empty() && &cell == cells.data() ? "" : ",") + CsvCell(cell);
-  return line + lineEnd;
-}
-
-std::string CsvRows(const TextTable& table) {
-  std::string text = CsvLine(ColumnNames(table));
+std::string CsvOf(const TextTable& table, const std::string& placeAndZone) {
+  std::string text = CsvLine(ColumnNames(table)) + lineEnd;
   for (const TableRow& row : table.rows) {
     std::vector<std::string> cells = {FormatDate(row.time, "yyyy-mm-dd", LanguageDates),
                                       FormatDate(row.time, "hh:nn:ss", LanguageDates)};
@@ -124,9 +109,9 @@ std::string CsvRows(const TextTable& table) {
       const bool signedNumber = column.kind == CellKind::Latitude || column.kind == CellKind::Longitude;
       cells.push_back(signedNumber ? Format(row.values[i], column.picture) : CellText(column, row.values[i]));
     }
-    text += CsvLine(cells);
+    text += CsvLine(cells) + lineEnd;
   }
-  return text;
+  return text + CsvLine({placeAndZone, table.satellites}) + lineEnd;
 }
 
 std::string CsvOfLines(const std::vector<std::string>& lines) {
@@ -149,22 +134,9 @@ std::string CsvOfLines(const std::vector<std::string>& lines) {
     std::vector<std::string> cells;
     for (std::size_t i = 0; i + 1 < begins.size(); ++i)
       cells.push_back(Slice(line, begins[i], begins[i + 1]));
-    text += CsvLine(cells);
+    text += CsvLine(cells) + lineEnd;
   }
   return text;
-}
-
-bool IsCsvName(std::string_view path) {
-  return path.size() > 4 && SameText(path.substr(path.size() - 4), ".csv");
-}
-
-std::string PlaceAndZone(const ObserverSite& site) {
-  const double minutes =
-      std::round(static_cast<double>(site.TimeZone + static_cast<float>(site.DaylightSaving)) * 60);
-  const double size = std::fabs(minutes);
-  const double hours = Int(size / 60);
-  return site.Place + " - " + LookupText("frmDetails", "orariofuso") + (minutes < 0 ? "-" : "+") +
-         Format(hours, "00") + ":" + Format(size - hours * 60, "00");
 }
 
 }  // namespace halvorine

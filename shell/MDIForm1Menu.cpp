@@ -5,6 +5,7 @@
 #include <array>
 #include <optional>
 
+#include "catalogue/mCatalogue.h"
 #include "controls/qtIcons.h"
 #include "shell/MDIForm1.h"
 #include "shell/base/mPlatform.h"
@@ -13,9 +14,9 @@
 
 namespace halvorine {
 
-/// One entry of a menu. With a handler the item runs it; with a form it opens that window. An item with
-/// neither, or whose window cannot be made, is disabled. A name of "-" is a separator, no parent a top or
-/// popup menu.
+/// One entry of a menu. With a handler the item runs it; with a form it opens that window, some only with the
+/// primary database at hand. An item with neither, or whose window cannot be made, is disabled. A name of "-"
+/// is a separator, no parent a top or popup menu.
 struct MenuTable {
   struct Row {
     const char* name;
@@ -25,6 +26,7 @@ struct MenuTable {
     const char* shortcut = nullptr;
     bool checkable = false;
     bool submenu = false;
+    bool needsDatabase = false;
   };
   static const std::vector<Row>& BarRows();
   static const std::vector<Row>& PopupRows();
@@ -38,6 +40,9 @@ Row Top(const char* name) { return {.name = name, .submenu = true}; }
 Row Sub(const char* name, const char* parent) { return {.name = name, .parent = parent, .submenu = true}; }
 Row Form(const char* name, const char* parent, const char* form, const char* shortcut = nullptr) {
   return {.name = name, .parent = parent, .form = form, .shortcut = shortcut};
+}
+Row FormOverDatabase(const char* name, const char* parent, const char* form) {
+  return {.name = name, .parent = parent, .form = form, .needsDatabase = true};
 }
 Row Later(const char* name, const char* parent) { return {.name = name, .parent = parent}; }
 Row LaterCheck(const char* name, const char* parent) {
@@ -225,8 +230,8 @@ const std::vector<MenuTable::Row>& MenuTable::BarRows() {
       Top("mnuSatelliti"),
       {.name = "mnuSatellitiDatabase", .parent = "mnuSatelliti", .handler = &M::OpenDatabase},
       Form("mnuSatellitiElementiOrbitali", "mnuSatelliti", "frmSatellite"),
-      Form("mnuSatellitiMotoRelativo", "mnuSatelliti", "frmRelative"),
-      Form("mnuSatellitiCalcoloEffemeridi", "mnuSatelliti", "frmCalc"),
+      FormOverDatabase("mnuSatellitiMotoRelativo", "mnuSatelliti", "frmRelative"),
+      FormOverDatabase("mnuSatellitiCalcoloEffemeridi", "mnuSatelliti", "frmCalc"),
       Form("mnuSatellitiPrevisioniPassaggi", "mnuSatelliti", "frmVisibleSatellites"),
       Top("mnuEffemeridi"),
       Form("mnuEffemeridiPianeti", "mnuEffemeridi", "frmPlanets"),
@@ -355,7 +360,7 @@ void MDIForm1::MakeMenus() {
       connect(action, &QAction::triggered, this, [this, target] {
         if (target->handler != nullptr)
           (this->*target->handler)();
-        else if (target->form != nullptr)
+        else if (target->form != nullptr && (!target->needsDatabase || DatabaseAtHand()))
           OpenForm(target->form);
       });
       connect(action, &QAction::changed, this, [this, action] {
