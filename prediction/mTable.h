@@ -36,7 +36,7 @@ constexpr double UnknownMagnitude = 1e30, NoMagnitude = -1e30;
 
 struct TableColumn {
   int gap;    // blanks before it
-  int width;  // characters, filled up at the left; what is longer stays whole
+  int width;  // characters, filled up at the left; what is longer takes of the blanks before it
   const char* picture = "";
   CellKind kind = CellKind::Number;
   char satellite = 0;  // 'A' or 'B' where a table of two has the column twice

@@ -1,4 +1,5 @@
 // Tables as lines of text and as CSV.
+#include <algorithm>
 #include <cmath>
 
 #include "astro/mConv.h"
@@ -47,9 +48,12 @@ std::string NumberCell(double value, const char* picture) {
 std::string RowLine(const TextTable& table, const TableRow& row) {
   std::string line = FormatDate(row.time, "dd mmm yyyy  hh:mm:ss", LanguageDates);
   for (std::size_t i = 0; i < table.columns.size(); ++i) {
+    // what is wider than its column takes of the blanks before it, so that the columns behind it stay in line
     const TableColumn& column = table.columns[i];
-    line.append(static_cast<std::size_t>(column.gap), ' ')
-        .append(RightAligned(CellText(column, row.values[i]), static_cast<std::size_t>(column.width)));
+    const std::string text = CellText(column, row.values[i]);
+    const int blanks = column.gap + column.width - static_cast<int>(CharacterCount(text));
+    line.append(static_cast<std::size_t>(column.width > 0 ? std::max(blanks, 1) : column.gap), ' ')
+        .append(text);
   }
   return line;
 }

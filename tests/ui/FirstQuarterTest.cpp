@@ -171,6 +171,8 @@ TEST_F(FirstQuarterTest, EveryCommandDoesWhatItSaysOrIsDisabled) {
   const std::map<std::string, std::string> opens = {{"mnuTerraMappaRettangolare", "frmWorldMap"},
                                                     {"mnuTerraMappaOrtografica", "frmWorldMap"},
                                                     {"mnuSatellitiDatabase", "frmDatabase"},
+                                                    {"mnuSatellitiCalcoloEffemeridi", "frmCalc"},
+                                                    {"mnuSatellitiMotoRelativo", "frmRelative"},
                                                     {"mnuStrumentiCalendario", "frmCalendar"},
                                                     {"mnuOpzioniData", "frmTime"},
                                                     {"mnuOpzioniLocalita", "frmLocation"}};
@@ -206,7 +208,7 @@ TEST_F(FirstQuarterTest, NoWindowCutsATextInAnyLanguage) {
   Start();
   for (const std::string& language : InstalledLanguages()) {
     ChooseLanguage(language);
-    for (const char* const name : {"frmTime", "frmCalendar", "frmLocation", "frmDatabase", "frmProgress"}) {
+    for (const char* const name : {"frmTime", "frmCalendar", "frmLocation", "frmDatabase", "frmProgress", "frmCalc", "frmRelative"}) {
       FormCalls* const form = LoadForm(name);
       ASSERT_NE(form, nullptr) << name;
       form->Show();
