@@ -24,9 +24,9 @@ enum Satellite : int { satelliteA = 0, satelliteB = 1 };
 frmRelative::frmRelative() : TableForm(section) {
   setWindowTitle(Text("motorelativosatelliti"));
   setWindowIcon(Icon("relative"));
-  auto* const pages = Named(new QTabWidget(), "SSTab1");
-  pages->addTab(MakePage(satelliteA), Text("satellitea"));
-  pages->addTab(MakePage(satelliteB), Text("satelliteb"));
+  pages_ = Named(new QTabWidget(), "SSTab1");
+  pages_->addTab(MakePage(satelliteA), Text("satellitea"));
+  pages_->addTab(MakePage(satelliteB), Text("satelliteb"));
   auto* const info = Named(new QLabel(Text("informazione")), "lblInfo");
   info->setWordWrap(true);
   info->setForegroundRole(MutedRole);
@@ -34,7 +34,7 @@ frmRelative::frmRelative() : TableForm(section) {
   auto* const rows = new QVBoxLayout(left);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(8);
-  rows->addWidget(pages, 1);
+  rows->addWidget(pages_, 1);
   rows->addWidget(info);
   Compose(left, helpTopic);
   Publish(this);
@@ -68,6 +68,7 @@ void frmRelative::cmdOK_Click() {
   const int a = ListOf(satelliteA).Chosen();
   const int b = ListOf(satelliteB).Chosen();
   if (a == 0 || b == 0) {
+    pages_->setCurrentIndex(a == 0 ? satelliteA : satelliteB);
     Tell(MessageKind::Information, LookupText(section, "selezionaresatelliti"));
     return;
   }
