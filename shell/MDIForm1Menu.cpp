@@ -5,6 +5,7 @@
 #include <array>
 #include <optional>
 
+#include "catalogue/mCatalogue.h"
 #include "controls/qtIcons.h"
 #include "shell/MDIForm1.h"
 #include "shell/base/mPlatform.h"
@@ -14,9 +15,9 @@
 namespace halvorine {
 
 /// One entry of a menu. With a handler the item runs it; with a form it opens that window, at one of its tabs
-/// where told; with a window that the popup belongs to it is passed on to that one. An item with none of
-/// them, or whose window cannot be made, is disabled. A name of "-" is a separator, no parent a top or popup
-/// menu.
+/// where told, some only with the primary database at hand; with a window that the popup belongs to it is
+/// passed on to that one. An item with none of them, or whose window cannot be made, is disabled. A name of
+/// "-" is a separator, no parent a top or popup menu.
 struct MenuTable {
   struct Row {
     const char* name;
@@ -28,6 +29,7 @@ struct MenuTable {
     bool submenu = false;
     const char* popupOf = nullptr;
     int tab = -1;  // of that form
+    bool needsDatabase = false;
   };
   static const std::vector<Row>& BarRows();
   static const std::vector<Row>& PopupRows();
@@ -44,6 +46,9 @@ Row Form(const char* name, const char* parent, const char* form, const char* sho
 }
 Row OptionsTab(const char* name, int tab) {
   return {.name = name, .parent = "mnuOpzioni", .form = "frmSettings", .tab = tab};
+}
+Row FormOverDatabase(const char* name, const char* parent, const char* form) {
+  return {.name = name, .parent = parent, .form = form, .needsDatabase = true};
 }
 Row Later(const char* name, const char* parent) { return {.name = name, .parent = parent}; }
 Row LaterCheck(const char* name, const char* parent) {
@@ -250,8 +255,8 @@ const std::vector<MenuTable::Row>& MenuTable::BarRows() {
       Top("mnuSatelliti"),
       {.name = "mnuSatellitiDatabase", .parent = "mnuSatelliti", .handler = &M::OpenDatabase},
       Form("mnuSatellitiElementiOrbitali", "mnuSatelliti", "frmSatellite"),
-      Form("mnuSatellitiMotoRelativo", "mnuSatelliti", "frmRelative"),
-      Form("mnuSatellitiCalcoloEffemeridi", "mnuSatelliti", "frmCalc"),
+      FormOverDatabase("mnuSatellitiMotoRelativo", "mnuSatelliti", "frmRelative"),
+      FormOverDatabase("mnuSatellitiCalcoloEffemeridi", "mnuSatelliti", "frmCalc"),
       Form("mnuSatellitiPrevisioniPassaggi", "mnuSatelliti", "frmVisibleSatellites"),
       Top("mnuEffemeridi"),
       Form("mnuEffemeridiPianeti", "mnuEffemeridi", "frmPlanets"),
@@ -385,7 +390,7 @@ void MDIForm1::MakeMenus() {
       connect(action, &QAction::triggered, this, [this, target, action] {
         if (target->handler != nullptr)
           (this->*target->handler)();
-        else if (target->form != nullptr)
+        else if (target->form != nullptr && (!target->needsDatabase || DatabaseAtHand()))
           OpenForm(target->form, target->tab);
         else if (target->popupOf != nullptr)
           PopupCommand(target->popupOf, *action);
