@@ -4,16 +4,20 @@
 #include <exception>
 
 #include "catalogue/frmDatabase.h"
+#include "controls/frmFloating.h"
 #include "controls/frmProgress.h"
 #include "controls/qtLook.h"
 #include "maps/frmWorldMap.h"
 #include "net/frmDownload.h"
 #include "net/frmSyncro.h"
+#include "prediction/frmCalc.h"
 #include "prediction/frmDetails.h"
+#include "prediction/frmRelative.h"
 #include "shell/base/mPlatform.h"
 #include "shell/base/qtForms.h"
 #include "shell/frmCalendar.h"
 #include "shell/frmLocation.h"
+#include "shell/frmSettings.h"
 #include "shell/frmTime.h"
 #include "shell/mStart.h"
 
@@ -40,6 +44,8 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 
 void RegisterWindows() {
   MakeLoadable<frmTime>("frmTime");
+  MakeLoadable<frmCalc>("frmCalc");
+  MakeLoadable<frmRelative>("frmRelative");
   MakeLoadable<frmCalendar>("frmCalendar");
   MakeLoadable<frmDatabase>("frmDatabase");
   MakeLoadable<frmDetails>("frmDetails");
@@ -48,6 +54,8 @@ void RegisterWindows() {
   MakeLoadable<frmWorldMap>("frmWorldMap");
   MakeLoadable<frmDownload>("frmDownload");
   MakeLoadable<frmSyncro>("frmSyncro");
+  MakeLoadable<frmFloating>("frmFloating");
+  MakeLoadable<frmSettings>("frmSettings");
 }
 
 }  // namespace halvorine

@@ -20,6 +20,7 @@
 #include "catalogue/frmChannel.h"
 #include "catalogue/frmFile.h"
 #include "catalogue/mCatalogue.h"
+#include "catalogue/qtDatabaseList.h"
 #include "shell/MDIForm1.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mReg.h"
@@ -159,6 +160,38 @@ std::vector<Stop> Stops(MDIForm1& window) {
          details->Leggi(AppPath + "/elements/sample.txt");
          return child("frmDetails");
        }},
+      {"frmCalc", "A table of positions is asked for",
+       [=, &window] {
+         window.RunCommand("mnuSatellitiCalcoloEffemeridi");
+         auto* const form = child("frmCalc");
+         Control<RowList>(form, "lstDatabase", 0)->SelectOnly(0);
+         Settle();
+         return form;
+       }},
+      {"frmDetails-Table", "The table of a satellite for the observer",
+       [=] {
+         auto* const form = child("frmCalc");
+         Control<QAbstractButton>(form, "cmdOK")->click();
+         Settle();
+         return child("frmDetails");
+       }},
+      {"frmRelative", "Two satellites to compare",
+       [=, &window] {
+         window.RunCommand("mnuSatellitiMotoRelativo");
+         auto* const form = child("frmRelative");
+         Control<RowList>(form, "lstDatabase", 0)->SelectOnly(0);
+         Control<RowList>(form, "lstDatabase", 1)->SelectOnly(1);
+         Settle();
+         return form;
+       }},
+      {"frmDetails-Relative", "Their relative motion, over the places below them",
+       [=] {
+         auto* const form = child("frmRelative");
+         Control<QAbstractButton>(form, "optLLA")->click();
+         Control<QAbstractButton>(form, "cmdOK")->click();
+         Settle();
+         return child("frmDetails");
+       }},
       {"frmChannel", "The radio channels of a satellite", [=] { return dialog(new frmChannel(1, 0)); }},
       {"frmTime", "The clocks, and a simulation that waits for its start",
        [=, &window] {
@@ -227,8 +260,35 @@ std::vector<Stop> Stops(MDIForm1& window) {
        }},
       {"frmWorldMap-Recta", "The rectangular map with track, circle, night side and the live values",
        [&window] { return OpenMap(window, "mnuTerraMappaRettangolare", QSize(960, 590)); }},
+      {"frmSettings-Filters", "Options: which passes a list keeps",
+       [=, &window] {
+         window.RunCommand("mnuOpzioniFiltri");
+         Settle();
+         return child("frmSettings");
+       }},
+      {"frmSettings-Colours", "Options: the colours of maps and charts",
+       [=, &window] {
+         window.RunCommand("mnuOpzioniColori");
+         Settle();
+         return child("frmSettings");
+       }},
+      {"frmFloating", "The live values in a window of their own",
+       [&window] {
+         if (FormCalls* const settings = LoadedForm("frmSettings")) settings->Unload();
+         window.RunCommand("mnuVisualizzaBarraDati");
+         return window.findChild<QWidget*>(QStringLiteral("frmFloating"));
+       }},
+      {"MDIForm1-Night", "Night colours for eyes that are used to the dark",
+       [&window]() -> QWidget* {
+         if (FormCalls* const panel = LoadedForm("frmFloating")) panel->Unload();
+         window.RunCommand("mnuVisualizzaColoriNotte");
+         return &window;
+       }},
       {"MDIForm1", "The main window with its menus, toolbar and status bar",
-       [&window]() -> QWidget* { return &window; }},
+       [&window]() -> QWidget* {
+         if (NightColoursActive) window.RunCommand("mnuVisualizzaColoriNotte");
+         return &window;
+       }},
   };
 }
 

@@ -45,6 +45,9 @@ class Platform {
                                     MessageButtons buttons) = 0;
   /// The chosen file with its path, or nothing when the user cancels.
   virtual std::optional<std::string> ChooseFile(const FileQuestion& question) = 0;
+  /// The colour chosen in the system's colour dialog, which begins at a colour (blue*65536 + green*256 + red
+  /// as everywhere), or nothing when the user cancels.
+  virtual std::optional<std::int32_t> ChooseColour(const std::string& title, std::int32_t start);
   /// Lets pending events run.
   virtual void Yield() = 0;
   /// Shows the wait pointer, or the normal one again. Calls nest.

@@ -13,6 +13,7 @@ class QtPlatform : public Platform {
   MessageAnswer ShowMessage(MessageKind kind, const std::string& caption, const std::string& text,
                             MessageButtons buttons) override;
   std::optional<std::string> ChooseFile(const FileQuestion& question) override;
+  std::optional<std::int32_t> ChooseColour(const std::string& title, std::int32_t start) override;
   void Yield() override;
   void WaitPointer(bool on) override;
   Date ComputerClockUtc() override;

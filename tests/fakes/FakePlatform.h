@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "shell/base/mPlatform.h"
@@ -22,8 +23,10 @@ class FakePlatform : public Platform {
     MessageButtons buttons;
   };
 
-  std::deque<MessageAnswer> answers;    // taken one by one; afterwards the default answer
-  std::deque<std::string> chosenFiles;  // an empty text is a cancelled chooser, so is an empty queue
+  std::deque<MessageAnswer> answers;       // taken one by one; afterwards the default answer
+  std::deque<std::string> chosenFiles;     // an empty text is a cancelled chooser, so is an empty queue
+  std::deque<std::int32_t> chosenColours;  // an empty queue is a cancelled colour dialog
+  std::vector<std::pair<std::string, std::int32_t>> colourQuestions;
   std::function<void()> onYield, onMessage;
   std::vector<Message> messages;
   std::vector<FileQuestion> fileQuestions;
@@ -63,6 +66,13 @@ class FakePlatform : public Platform {
     const std::string chosen = chosenFiles.front();
     chosenFiles.pop_front();
     if (chosen.empty()) return std::nullopt;
+    return chosen;
+  }
+  std::optional<std::int32_t> ChooseColour(const std::string& title, std::int32_t start) override {
+    colourQuestions.emplace_back(title, start);
+    if (chosenColours.empty()) return std::nullopt;
+    const std::int32_t chosen = chosenColours.front();
+    chosenColours.pop_front();
     return chosen;
   }
   void Yield() override {

@@ -31,6 +31,11 @@ class RunningProgram : public testing::Test {
     SaveRegistryString(settingsApplication, "Generali", "Lingua", "English.ini");
     SaveRegistryString(settingsApplication, "Database", "Primario", folder_.Path("elements/sample.txt"));
     RegisterWindows();
+    // a database of the test before would count as at hand
+    for (const int index : {Primary, Secondary}) {
+      DatabaseOf(index).Erase();
+      ChangeSortKey(index, SortKey::Name);
+    }
   }
   ~RunningProgram() override {
     UnloadAllForms("MDIForm1");
