@@ -52,10 +52,10 @@ void RegisterWindows() {
   MakeLoadable<frmLocation>("frmLocation");
   MakeLoadable<frmProgress>("frmProgress");
   MakeLoadable<frmWorldMap>("frmWorldMap");
-  MakeLoadable<frmDownload>("frmDownload");
-  MakeLoadable<frmSyncro>("frmSyncro");
   MakeLoadable<frmFloating>("frmFloating");
   MakeLoadable<frmSettings>("frmSettings");
+  MakeLoadable<frmDownload>("frmDownload");
+  MakeLoadable<frmSyncro>("frmSyncro");
 }
 
 }  // namespace halvorine

@@ -21,6 +21,8 @@
 #include "catalogue/frmFile.h"
 #include "catalogue/mCatalogue.h"
 #include "catalogue/qtDatabaseList.h"
+#include "controls/qtPreview.h"
+#include "controls/qtPrint.h"
 #include "shell/MDIForm1.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mReg.h"
@@ -191,6 +193,15 @@ std::vector<Stop> Stops(MDIForm1& window) {
          Control<QAbstractButton>(form, "cmdOK")->click();
          Settle();
          return child("frmDetails");
+       }},
+      {"frmPreview", "Its pages, before they are printed",
+       [=, &window] {
+         QStringList rows;
+         const QAbstractItemModel* const model = Control<RowList>(child("frmDetails"), "List1")->model();
+         for (int row = 0; row < model->rowCount(); ++row) rows << model->index(row, 0).data().toString();
+         ThePrinter().setPageOrientation(QPageLayout::Landscape);
+         return dialog(new frmPreview(&window, ThePrinter(), child("frmDetails")->windowTitle(),
+                                      [rows](QPrinter& printer) { return PrintRows(printer, rows); }));
        }},
       {"frmChannel", "The radio channels of a satellite", [=] { return dialog(new frmChannel(1, 0)); }},
       {"frmTime", "The clocks, and a simulation that waits for its start",

@@ -25,17 +25,16 @@ namespace halvorine {
 class RunningProgram : public testing::Test {
  protected:
   RunningProgram() {
+    for (const int index : {Primary, Secondary}) {
+      DatabaseOf(index).Erase();  // what the test before has read
+      ChangeSortKey(index, SortKey::Name);
+    }
     platform_.settingsFile = folder_.SettingsFile();
     platform_.onYield = [] { QCoreApplication::processEvents(); };
     platform_.clockUtc = DateOf(2022, 6, 14) + 0.5;
     SaveRegistryString(settingsApplication, "Generali", "Lingua", "English.ini");
     SaveRegistryString(settingsApplication, "Database", "Primario", folder_.Path("elements/sample.txt"));
     RegisterWindows();
-    // a database of the test before would count as at hand
-    for (const int index : {Primary, Secondary}) {
-      DatabaseOf(index).Erase();
-      ChangeSortKey(index, SortKey::Name);
-    }
   }
   ~RunningProgram() override {
     UnloadAllForms("MDIForm1");
