@@ -38,6 +38,8 @@ class MainFormCalls : public FormCalls {
   virtual void SetEnabled(std::string_view item, bool enabled) = 0;
   /// Runs the command of a menu item by its name, as a click on it would.
   virtual void RunCommand(std::string_view item) = 0;
+  /// Picture of a toolbar button by its key ("Transit"), from the numbered list of icons.
+  virtual void SetToolbarPicture(std::string_view key, int number) = 0;
   /// Opens one of the popup menus (mnuWorldmap, ...) at a place of the screen, in pixels.
   virtual void PopupMenu(std::string_view menu, int screenX, int screenY) = 0;
 };
@@ -68,7 +70,7 @@ class LocalSkyCalls : public FormCalls {
  public:
   virtual void Genera_mappa() = 0;
   virtual void Disegna_satellite_in_cielo(int slot) = 0;
-  /// Gives the button of the transit display its first picture, that of a chart without it.
+  /// Ends the transit display: forgets its track and gives its button the picture of a chart without it.
   virtual void ResetModeButton() = 0;
   virtual void ShowTexts(const LiveTexts& texts) = 0;
   virtual void Azzera_dati() = 0;
@@ -167,6 +169,39 @@ class ProgressCalls : public FormCalls {
   /// Names another task; the bar goes on.
   virtual void SetTask(const std::string& task) = 0;
   virtual void SetValue(double value) = 0;
+};
+
+/// frmObject: what is known about one object of a sky chart. Both come back when the user has closed it.
+class ObjectCalls : public FormCalls {
+ public:
+  /// A star by its number in the catalogue, from 1.
+  virtual void ShowStar(int number) = 0;
+  /// A body by its row of SkyObjectTable.
+  virtual void ShowBody(int row) = 0;
+};
+
+/// frmMagnitude: the choice of how many stars a chart shows.
+class MagnitudeCalls : public FormCalls {
+ public:
+  /// Asks for the chart named "locale", "generale" or "anteprima", and comes back when the user has decided.
+  virtual void ShowFor(std::string_view chart) = 0;
+};
+
+/// A window whose stars can be counted out by frmMagnitude.
+class StarCountCalls {
+ public:
+  virtual ~StarCountCalls() = default;
+  virtual int StarCount() const = 0;
+  /// Takes another count and draws the chart anew.
+  virtual void SetStarCount(int count) = 0;
+};
+
+/// A window with a popup menu of its own on the main window. An item that has a check mark has flipped it
+/// before the window is told.
+class PopupCalls {
+ public:
+  virtual ~PopupCalls() = default;
+  virtual void MenuCommand(std::string_view item) = 0;
 };
 
 /// A window that can save what it shows. The command Save asks the active child window for it, so that
