@@ -14,6 +14,7 @@
 #include "shell/frmLocation.h"
 #include "shell/frmTime.h"
 #include "shell/mStart.h"
+#include "sky/frmGeneralSky.h"
 
 namespace halvorine {
 
@@ -41,6 +42,7 @@ void RegisterWindows() {
   MakeLoadable<frmCalendar>("frmCalendar");
   MakeLoadable<frmDatabase>("frmDatabase");
   MakeLoadable<frmDetails>("frmDetails");
+  MakeLoadable<frmGeneralSky>("frmGeneralSky");
   MakeLoadable<frmLocation>("frmLocation");
   MakeLoadable<frmProgress>("frmProgress");
   MakeLoadable<frmWorldMap>("frmWorldMap");

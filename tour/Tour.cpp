@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QMouseEvent>
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <functional>
@@ -62,6 +63,12 @@ void Settle() {
   for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
 }
 
+/// Waits until charts have drawn themselves in a new size.
+void SettleBoxes() {
+  QElapsedTimer clock;
+  for (clock.start(); clock.elapsed() < 150;) Settle();
+}
+
 /// The satellites that the tour follows, the principal first.
 constexpr std::array<const char*, 12> followed = {"25544", "20580", "33591", "28654", "37849", "07530",
                                                   "25860", "27607", "16908", "22220", "28931", "21639"};
@@ -91,6 +98,39 @@ QWidget* OpenMap(MDIForm1& window, const char* command, QSize size) {
   Settle();
   tmrCentrale_Timer();
   return map != nullptr ? map->parentWidget() : nullptr;
+}
+
+/// The general chart with everything on it, or with what the settings show at first.
+QWidget* OpenGeneralSky(MDIForm1& window, bool everything) {
+  window.RunCommand("mnuCieloMappaGenerale");
+  auto* const chart = window.findChild<QWidget*>(QStringLiteral("frmGeneralSky"));
+  if (chart == nullptr) return nullptr;
+  if (everything) {
+    chart->parentWidget()->resize(1100, 620);
+    for (const char* const item : {"mnuGeneralSkyGriglia", "mnuGeneralSkyOggettiCostellazioni",
+                                   "mnuGeneralSkyEtichetteCostellazioni", "mnuGeneralSkyEtichetteSoleLuna"})
+      if (!window.IsChecked(item)) window.RunCommand(item);
+  }
+  SettleBoxes();
+  return chart->parentWidget();
+}
+
+/// A part of it, as a dragged box chooses it.
+QWidget* ZoomGeneralSky(MDIForm1& window) {
+  auto* const picture =
+      Control<QWidget>(window.findChild<QWidget*>(QStringLiteral("frmGeneralSky")), "Picture1");
+  window.RunCommand("mnuGeneralSkyZoom");
+  const QPoint from(picture->width() * 72 / 100, picture->height() * 30 / 100);
+  const QPoint to(picture->width() * 94 / 100, picture->height() * 60 / 100);
+  const auto send = [picture](QEvent::Type type, QPoint at, Qt::MouseButtons buttons) {
+    QMouseEvent event(type, at, picture->mapToGlobal(at), Qt::LeftButton, buttons, {});
+    QApplication::sendEvent(picture, &event);
+  };
+  send(QEvent::MouseButtonPress, from, Qt::LeftButton);
+  send(QEvent::MouseMove, to, Qt::LeftButton);
+  send(QEvent::MouseButtonRelease, to, Qt::NoButton);
+  Settle();
+  return picture->parentWidget()->parentWidget();
 }
 
 std::vector<Stop> Stops(MDIForm1& window) {
@@ -174,6 +214,12 @@ std::vector<Stop> Stops(MDIForm1& window) {
        }},
       {"frmWorldMap-Recta", "The rectangular map with track, circle, night side and the live values",
        [&window] { return OpenMap(window, "mnuTerraMappaRettangolare", QSize(960, 590)); }},
+      {"frmGeneralSky", "The whole sphere: stars to magnitude 6, the planets and the Moon",
+       [&window] { return OpenGeneralSky(window, false); }},
+      {"frmGeneralSky-All", "With grid, figures and all names",
+       [&window] { return OpenGeneralSky(window, true); }},
+      {"frmGeneralSky-Zoom", "A part of it, dragged out by the mouse",
+       [&window] { return ZoomGeneralSky(window); }},
       {"MDIForm1", "The main window with its menus, toolbar and status bar",
        [&window]() -> QWidget* { return &window; }},
   };

@@ -80,6 +80,8 @@ class LocalSkyCalls : public FormCalls {
 class GeneralSkyCalls : public FormCalls {
  public:
   virtual void Genera_mappa() = 0;
+  /// Likewise.
+  virtual void Applica_opzioni() { Genera_mappa(); }
 };
 
 /// frmFloating.
