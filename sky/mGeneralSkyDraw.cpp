@@ -1,4 +1,5 @@
 // Drawing of the general sky chart; stars, Sun, Moon and planets are drawn as on the other charts.
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -68,9 +69,14 @@ void DrawNames(DrawSurface& surface, const GeneralSkyBox& box) {
   surface.Font = nameFont;
   surface.TextHalo = nameHalo;
   surface.ForeColor = Palette16[12];
-  for (const ConstellationLabel& label : ConstellationLabels)
-    PrintAt(surface, label.RightAscension, label.Declination,
-            box.WholeSky() ? label.Abbreviation : label.Name);
+  const double right = static_cast<double>(box.Right);
+  for (const ConstellationLabel& label : ConstellationLabels) {
+    const std::string& text = box.WholeSky() ? label.Abbreviation : label.Name;
+    const double x = label.RightAscension;
+    // a name at the right edge would be cut
+    PrintAt(surface, x > right ? std::max(x, right + surface.TextWidth(text + " ")) : x, label.Declination,
+            text);
+  }
 }
 
 void DrawStars(DrawSurface& surface, const GeneralSkyView& view) {

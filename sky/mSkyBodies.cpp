@@ -14,6 +14,7 @@ namespace {
 
 constexpr int circleStars = 293, brightPoints = 1639;  // the last number of a class
 constexpr Colour brightPoint = Rgb(220, 220, 220), faintPoint = Rgb(140, 140, 140);
+constexpr Colour planetRim = Rgb(200, 200, 200);
 constexpr Colour moonRim = Rgb(180, 180, 180), nameColour = Rgb(180, 180, 180);
 constexpr double smallestStar = 1.15, smallestPlanet = 2.2;  // pixels, radius
 constexpr double rimWidth = 0.8;                             // pixels, around planets
@@ -105,7 +106,7 @@ void DrawPlanet(DrawSurface& surface, const BodyMark& mark) {
   surface.FillColor = PlanetColour(mark.Row);
   surface.DrawWidth = rimWidth;
   surface.MinimumRadius = smallestPlanet;
-  surface.Circle(mark.X, mark.Y, mark.Radius, surface.FillColor);
+  surface.Circle(mark.X, mark.Y, mark.Radius, planetRim);  // some of the colours are as dark as the sky
   surface.MinimumRadius = 0;
   surface.DrawWidth = 1;
 }

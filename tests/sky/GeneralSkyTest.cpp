@@ -165,25 +165,27 @@ TEST_F(GeneralSky, BodiesOfAKnownEveningStandAtTheirAlmanacPlaces) {
   struct Place {
     SkyObjectRow row;
     double hours, degrees;
+    Colour colour;
   };
   // the Moon's series carries one of its terms with the other sign, which makes up to 0.37 degrees
   constexpr std::array<double, 2> nearSun{0.006, 0.08}, nearBody{0.03, 0.4};
   Draw();
-  for (const Place& place : {Place{Sun, 5.6166, 23.332},
-                             {Moon, 19.0548, -26.764},
-                             {Mercury, 4.0099, 16.928},
-                             {Venus, 3.2832, 16.300},
-                             {Mars, 1.0182, 4.558},
-                             {Jupiter, 0.3722, 1.079},
-                             {Saturn, 21.8353, -14.333},
-                             {Uranus, 2.9601, 16.499},
-                             {Neptune, 23.7306, -3.025}}) {
+  for (const Place& place : {Place{Sun, 5.6166, 23.332, Rgb(255, 255, 0)},
+                             {Moon, 19.0548, -26.764, Rgb(180, 180, 180)},
+                             {Mercury, 4.0099, 16.928, Rgb(255, 0, 255)},
+                             {Venus, 3.2832, 16.300, Rgb(0, 255, 0)},
+                             {Mars, 1.0182, 4.558, Rgb(255, 0, 0)},
+                             {Jupiter, 0.3722, 1.079, Rgb(128, 0, 0)},
+                             {Saturn, 21.8353, -14.333, Rgb(255, 255, 0)},
+                             {Uranus, 2.9601, 16.499, Rgb(0, 255, 255)},
+                             {Neptune, 23.7306, -3.025, Rgb(0, 0, 255)}}) {
     const std::array<double, 2> reach = place.row == Sun ? nearSun : nearBody;
     const double radius = width / (place.row >= Sun ? 160 : 500);
     bool found = false;
     for (const Primitive& mark : surface.Of(Kind::Ellipse))
-      found = found || (std::abs(mark.x1 - place.hours) < reach[0] &&
-                        std::abs(mark.y1 - place.degrees) < reach[1] && std::abs(mark.x2 - radius) < 1e-6);
+      found = found ||
+              (std::abs(mark.x1 - place.hours) < reach[0] && std::abs(mark.y1 - place.degrees) < reach[1] &&
+               std::abs(mark.x2 - radius) < 1e-6 && mark.fill == place.colour);
     EXPECT_TRUE(found) << "body " << place.row << ": " << SkyObjectTable[place.row].RightAscension << " h "
                        << SkyObjectTable[place.row].Declination << " deg";
   }
