@@ -15,6 +15,7 @@
 #include "shell/frmTime.h"
 #include "shell/mStart.h"
 #include "sky/frmGeneralSky.h"
+#include "sky/frmSkySat.h"
 
 namespace halvorine {
 
@@ -45,6 +46,7 @@ void RegisterWindows() {
   MakeLoadable<frmGeneralSky>("frmGeneralSky");
   MakeLoadable<frmLocation>("frmLocation");
   MakeLoadable<frmProgress>("frmProgress");
+  MakeLoadable<frmSkySat>("frmSkySat");
   MakeLoadable<frmWorldMap>("frmWorldMap");
 }
 

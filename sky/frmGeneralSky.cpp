@@ -13,6 +13,7 @@
 #include "shell/base/mLang.h"
 #include "shell/base/mPlatform.h"
 #include "shell/base/mReg.h"
+#include "sky/mStars.h"
 
 namespace halvorine {
 
@@ -204,12 +205,8 @@ void frmGeneralSky::Picture1_Wheel(double x, double y, double notches) {
 void frmGeneralSky::OpenObject(double x, double y) {
   const std::optional<SkyPick> pick = PickInGeneralSky(view_.Box, view_.StarCount, x, y);
   if (!pick) return;
-  auto* const object = Load<ObjectCalls>("frmObject");
-  if (object == nullptr) return;
-  if (pick->Star > 0)
-    object->ShowStar(pick->Star);
-  else
-    object->ShowBody(pick->Body);
+  if (pick->Star > 0) PickedStar = ReadStar(pick->Star);
+  if (auto* const object = Load<ObjectCalls>("frmObject")) object->ShowObject(pick->Body);
 }
 
 }  // namespace halvorine

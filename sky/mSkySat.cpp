@@ -14,7 +14,7 @@ namespace halvorine {
 namespace {
 
 constexpr double secondsPerDay = 86400;
-constexpr double reach = 10;               // squared chart units from a press to the track
+constexpr double reach = 10;                // squared chart units from a press to the track
 constexpr double longestPass = 30 * 86400;  // seconds; no list looks further ahead
 
 /// Keeps the tick off and puts clock, place and bodies back to what they were before.

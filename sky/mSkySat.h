@@ -1,6 +1,7 @@
-// The chart of one predicted pass: the observer's sky at its chosen moment, the satellite's track from rise to
-// set with its times, and what is seen at rise, culmination and set. A chart keeps all that it shows: element
-// set, dates, place and options are its own, so that many stand side by side and none touches the present.
+// The chart of one predicted pass: the observer's sky at its chosen moment, the satellite's track from rise
+// to set with its times, and what is seen at rise, culmination and set. A chart keeps all that it shows:
+// element set, dates, place and options are its own, so that many stand side by side and none touches the
+// present.
 #pragma once
 
 #include <array>

@@ -17,8 +17,7 @@ namespace {
 class FakeObject : public FakeForm<ObjectCalls> {
  public:
   explicit FakeObject(CallLog& log) : FakeForm("frmObject", log) {}
-  void ShowStar(int number) override { Note("ShowStar " + std::to_string(number)); }
-  void ShowBody(int row) override { Note("ShowBody " + std::to_string(row)); }
+  void ShowObject(int index) override { Note(index == 0 ? PickedStar.Name : std::to_string(index)); }
 };
 
 class FakeMagnitude : public FakeForm<MagnitudeCalls> {
@@ -175,11 +174,11 @@ TEST_F(GeneralSkyWindow, ClickOpensTheObjectUnderThePointer) {
   const FakeObject object(log_);
   const QPoint sirius = At(6.7525, -16.716), nothing = At(12, -88);
   QTest::mouseClick(picture_, Qt::LeftButton, {}, sirius);
-  EXPECT_EQ(log_, CallLog{"frmObject.ShowStar 1"});
+  EXPECT_EQ(log_, CallLog{"frmObject.Sirius"});
   log_.clear();
   const SkyObject& mars = SkyObjectTable[Mars];
   QTest::mouseClick(picture_, Qt::LeftButton, {}, At(mars.RightAscension, mars.Declination));
-  EXPECT_EQ(log_, CallLog{"frmObject.ShowBody 3"});
+  EXPECT_EQ(log_, CallLog{"frmObject.3"});
   log_.clear();
   QTest::mouseClick(picture_, Qt::LeftButton, {}, nothing);
   QTest::mouseClick(picture_, Qt::MiddleButton, {}, sirius);
