@@ -40,7 +40,7 @@ QString MagnitudeText(const MagnitudeValue& magnitude) {
 PassPanel::PassPanel(QWidget* parent) : QWidget(parent) {
   setAutoFillBackground(true);
   QGridLayout* const rows = new QGridLayout(this);
-  rows->setContentsMargins(margin, margin / 2, margin, margin);
+  rows->setContentsMargins(margin, margin, margin, margin);
   rows->setHorizontalSpacing(margin);
   rows->setVerticalSpacing(2);
   rows->setColumnStretch(1, 1);

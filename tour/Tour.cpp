@@ -17,6 +17,7 @@
 #include "catalogue/frmChannel.h"
 #include "catalogue/frmFile.h"
 #include "catalogue/mCatalogue.h"
+#include "maps/qtSurface.h"
 #include "shell/MDIForm1.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mReg.h"
@@ -29,6 +30,7 @@
 #include "shell/mStart.h"
 #include "shell/mTick.h"
 #include "shell/qtApplication.h"
+#include "tests/fakes/FoundPass.h"
 
 namespace halvorine {
 namespace {
@@ -100,6 +102,17 @@ QWidget* OpenMap(MDIForm1& window, const char* command, QSize size) {
   return map != nullptr ? map->parentWidget() : nullptr;
 }
 
+void SendMouse(QWidget& widget, QEvent::Type type, QPoint at, Qt::MouseButton button) {
+  QMouseEvent event(type, at, widget.mapToGlobal(at), button, button, {});
+  QApplication::sendEvent(&widget, &event);
+}
+
+void Drag(QWidget& widget, QPoint from, QPoint to) {
+  SendMouse(widget, QEvent::MouseButtonPress, from, Qt::LeftButton);
+  SendMouse(widget, QEvent::MouseMove, to, Qt::LeftButton);
+  SendMouse(widget, QEvent::MouseButtonRelease, to, Qt::LeftButton);
+}
+
 /// The general chart with everything on it, or with what the settings show at first.
 QWidget* OpenGeneralSky(MDIForm1& window, bool everything) {
   window.RunCommand("mnuCieloMappaGenerale");
@@ -122,15 +135,37 @@ QWidget* ZoomGeneralSky(MDIForm1& window) {
   window.RunCommand("mnuGeneralSkyZoom");
   const QPoint from(picture->width() * 72 / 100, picture->height() * 30 / 100);
   const QPoint to(picture->width() * 94 / 100, picture->height() * 60 / 100);
-  const auto send = [picture](QEvent::Type type, QPoint at, Qt::MouseButtons buttons) {
-    QMouseEvent event(type, at, picture->mapToGlobal(at), Qt::LeftButton, buttons, {});
-    QApplication::sendEvent(picture, &event);
-  };
-  send(QEvent::MouseButtonPress, from, Qt::LeftButton);
-  send(QEvent::MouseMove, to, Qt::LeftButton);
-  send(QEvent::MouseButtonRelease, to, Qt::NoButton);
+  Drag(*picture, from, to);
   Settle();
   return picture->parentWidget()->parentWidget();
+}
+
+/// The chart of the principal satellite's next visible pass.
+QWidget* OpenPassChart() {
+  const std::optional<PassChart> pass = FirstPass(1, true);
+  auto* const chart = Load<SkySatCalls>("frmSkySat");
+  if (!pass || chart == nullptr) return nullptr;
+  chart->ShowPass(*pass);
+  SettleBoxes();
+  auto* const form = dynamic_cast<QWidget*>(chart);
+  return form->parentWidget();
+}
+
+/// Another one with everything on it and a time mark.
+QWidget* OpenFullPassChart(MDIForm1& window) {
+  QWidget* const frame = OpenPassChart();
+  if (frame == nullptr) return nullptr;
+  frame->resize(960, 820);
+  SettleBoxes();
+  auto* const picture = Control<SurfaceWidget>(frame, "Picture1");
+  const QPoint middle = picture->rect().center();
+  SendMouse(*picture, QEvent::MouseButtonPress, middle, Qt::RightButton);
+  QApplication::activePopupWidget()->close();
+  for (const char* const item : {"mnuSkySatGriglia", "mnuSkySatOggettiCostellazioni",
+                                 "mnuSkySatEtichetteCostellazioni", "mnuSkySatEtichetteSoleLuna"})
+    window.RunCommand(item);
+  Settle();
+  return frame;
 }
 
 std::vector<Stop> Stops(MDIForm1& window) {
@@ -220,6 +255,13 @@ std::vector<Stop> Stops(MDIForm1& window) {
        [&window] { return OpenGeneralSky(window, true); }},
       {"frmGeneralSky-Zoom", "A part of it, dragged out by the mouse",
        [&window] { return ZoomGeneralSky(window); }},
+      {"frmSkySat", "A predicted pass among the stars, with its data",
+       [&window] {
+         UnloadAllForms("MDIForm1");
+         return OpenPassChart();
+       }},
+      {"frmSkySat-All", "Another chart of it with grid, figures, names and times",
+       [&window] { return OpenFullPassChart(window); }},
       {"MDIForm1", "The main window with its menus, toolbar and status bar",
        [&window]() -> QWidget* { return &window; }},
   };

@@ -20,15 +20,6 @@ class FakeObject : public FakeForm<ObjectCalls> {
   void ShowObject(int index) override { Note(index == 0 ? PickedStar.Name : std::to_string(index)); }
 };
 
-class FakeMagnitude : public FakeForm<MagnitudeCalls> {
- public:
-  explicit FakeMagnitude(CallLog& log) : FakeForm("frmMagnitude", log) {}
-  void ShowFor(std::string_view chart) override {
-    Note("ShowFor " + std::string(chart));
-    if (auto* const sky = Loaded<StarCountCalls>("frmGeneralSky")) sky->SetStarCount(23);
-  }
-};
-
 class GeneralSkyWindow : public RunningProgram {
  protected:
   void Open() {
