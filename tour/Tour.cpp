@@ -30,6 +30,7 @@
 #include "shell/mStart.h"
 #include "shell/mTick.h"
 #include "shell/qtApplication.h"
+#include "sky/mSkySat.h"
 #include "tests/fakes/FoundPass.h"
 
 namespace halvorine {
@@ -164,6 +165,17 @@ QWidget* OpenFullPassChart(MDIForm1& window) {
   for (const char* const item : {"mnuSkySatGriglia", "mnuSkySatOggettiCostellazioni",
                                  "mnuSkySatEtichetteCostellazioni", "mnuSkySatEtichetteSoleLuna"})
     window.RunCommand(item);
+  // times at three points of the track, written towards the middle of the chart
+  PassView same = EmptyPassView();
+  TakePass(same, *FirstPass(1, true));
+  const std::vector<TrackPoint>& points = same.Sky.Track.Points;
+  for (std::size_t i = 0; i < 3; ++i) {
+    const TrackPoint& point = points[points.size() * (2 * i + 1) / 6];
+    const auto at = [picture](float x, float y) {
+      return QPoint(qRound((x + 100) / 200 * picture->width()), qRound((100 - y) / 200 * picture->height()));
+    };
+    Drag(*picture, at(point.X, point.Y), at(point.X * 0.55F, point.Y * 0.55F));
+  }
   Settle();
   return frame;
 }
