@@ -4,14 +4,20 @@
 #include <exception>
 
 #include "catalogue/frmDatabase.h"
+#include "controls/frmFloating.h"
 #include "controls/frmProgress.h"
 #include "controls/qtLook.h"
 #include "maps/frmWorldMap.h"
+#include "net/frmDownload.h"
+#include "net/frmSyncro.h"
+#include "prediction/frmCalc.h"
 #include "prediction/frmDetails.h"
+#include "prediction/frmRelative.h"
 #include "shell/base/mPlatform.h"
 #include "shell/base/qtForms.h"
 #include "shell/frmCalendar.h"
 #include "shell/frmLocation.h"
+#include "shell/frmSettings.h"
 #include "shell/frmTime.h"
 #include "shell/mStart.h"
 #include "sky/frmGeneralSky.h"
@@ -40,6 +46,8 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 
 void RegisterWindows() {
   MakeLoadable<frmTime>("frmTime");
+  MakeLoadable<frmCalc>("frmCalc");
+  MakeLoadable<frmRelative>("frmRelative");
   MakeLoadable<frmCalendar>("frmCalendar");
   MakeLoadable<frmDatabase>("frmDatabase");
   MakeLoadable<frmDetails>("frmDetails");
@@ -48,6 +56,10 @@ void RegisterWindows() {
   MakeLoadable<frmProgress>("frmProgress");
   MakeLoadable<frmSkySat>("frmSkySat");
   MakeLoadable<frmWorldMap>("frmWorldMap");
+  MakeLoadable<frmFloating>("frmFloating");
+  MakeLoadable<frmSettings>("frmSettings");
+  MakeLoadable<frmDownload>("frmDownload");
+  MakeLoadable<frmSyncro>("frmSyncro");
 }
 
 }  // namespace halvorine

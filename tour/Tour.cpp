@@ -2,12 +2,15 @@
 // opens one window after the other and writes a picture of each, named after it, with a line of text.
 //   tour FOLDER [LANGUAGE]
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QMouseEvent>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTextStream>
+#include <fstream>
 #include <functional>
 #include <iostream>
 #include <set>
@@ -17,7 +20,9 @@
 #include "catalogue/frmChannel.h"
 #include "catalogue/frmFile.h"
 #include "catalogue/mCatalogue.h"
-#include "maps/qtSurface.h"
+#include "catalogue/qtDatabaseList.h"
+#include "controls/qtPreview.h"
+#include "controls/qtPrint.h"
 #include "shell/MDIForm1.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mReg.h"
@@ -30,8 +35,7 @@
 #include "shell/mStart.h"
 #include "shell/mTick.h"
 #include "shell/qtApplication.h"
-#include "sky/mSkySat.h"
-#include "tests/fakes/FoundPass.h"
+#include "tour/Charts.h"
 
 namespace halvorine {
 namespace {
@@ -44,7 +48,11 @@ class TourPlatform : public QtPlatform {
   std::string SettingsFile() override { return settings_; }
   bool FirstInstance() override { return true; }
   std::optional<ZoneBias> GetZoneBias() override { return std::nullopt; }
-  std::optional<std::string> ChooseFile(const FileQuestion& /*question*/) override { return std::nullopt; }
+  std::optional<std::string> ChooseFile(const FileQuestion& question) override {
+    if (!question.saving) return std::nullopt;
+    return UserFolder + "/visual.txt";
+  }
+  void SetComputerClock(Date /*utc*/, const ClockAnswered& answered) override { answered({}); }
   MessageAnswer ShowMessage(MessageKind /*kind*/, const std::string& /*caption*/, const std::string& text,
                             MessageButtons buttons) override {
     std::cout << "    the program tells: " << text << "\n";
@@ -64,12 +72,6 @@ struct Stop {
 
 void Settle() {
   for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
-}
-
-/// Waits until charts have drawn themselves in a new size.
-void SettleBoxes() {
-  QElapsedTimer clock;
-  for (clock.start(); clock.elapsed() < 150;) Settle();
 }
 
 /// The satellites that the tour follows, the principal first.
@@ -103,81 +105,29 @@ QWidget* OpenMap(MDIForm1& window, const char* command, QSize size) {
   return map != nullptr ? map->parentWidget() : nullptr;
 }
 
-void SendMouse(QWidget& widget, QEvent::Type type, QPoint at, Qt::MouseButton button) {
-  QMouseEvent event(type, at, widget.mapToGlobal(at), button, button, {});
-  QApplication::sendEvent(&widget, &event);
-}
-
-void Drag(QWidget& widget, QPoint from, QPoint to) {
-  SendMouse(widget, QEvent::MouseButtonPress, from, Qt::LeftButton);
-  SendMouse(widget, QEvent::MouseMove, to, Qt::LeftButton);
-  SendMouse(widget, QEvent::MouseButtonRelease, to, Qt::LeftButton);
-}
-
-/// The general chart with everything on it, or with what the settings show at first.
-QWidget* OpenGeneralSky(MDIForm1& window, bool everything) {
-  window.RunCommand("mnuCieloMappaGenerale");
-  auto* const chart = window.findChild<QWidget*>(QStringLiteral("frmGeneralSky"));
-  if (chart == nullptr) return nullptr;
-  if (everything) {
-    chart->parentWidget()->resize(1100, 620);
-    for (const char* const item : {"mnuGeneralSkyGriglia", "mnuGeneralSkyOggettiCostellazioni",
-                                   "mnuGeneralSkyEtichetteCostellazioni", "mnuGeneralSkyEtichetteSoleLuna"})
-      if (!window.IsChecked(item)) window.RunCommand(item);
-  }
-  SettleBoxes();
-  return chart->parentWidget();
-}
-
-/// A part of it, as a dragged box chooses it.
-QWidget* ZoomGeneralSky(MDIForm1& window) {
-  auto* const picture =
-      Control<QWidget>(window.findChild<QWidget*>(QStringLiteral("frmGeneralSky")), "Picture1");
-  window.RunCommand("mnuGeneralSkyZoom");
-  const QPoint from(picture->width() * 72 / 100, picture->height() * 30 / 100);
-  const QPoint to(picture->width() * 94 / 100, picture->height() * 60 / 100);
-  Drag(*picture, from, to);
-  Settle();
-  return picture->parentWidget()->parentWidget();
-}
-
-/// The chart of the principal satellite's next visible pass.
-QWidget* OpenPassChart() {
-  const std::optional<PassChart> pass = FirstPass(1, true);
-  auto* const chart = Load<SkySatCalls>("frmSkySat");
-  if (!pass || chart == nullptr) return nullptr;
-  chart->ShowPass(*pass);
-  SettleBoxes();
-  auto* const form = dynamic_cast<QWidget*>(chart);
-  return form->parentWidget();
-}
-
-/// Another one with everything on it and a time mark.
-QWidget* OpenFullPassChart(MDIForm1& window) {
-  QWidget* const frame = OpenPassChart();
-  if (frame == nullptr) return nullptr;
-  frame->resize(960, 820);
-  SettleBoxes();
-  auto* const picture = Control<SurfaceWidget>(frame, "Picture1");
-  const QPoint middle = picture->rect().center();
-  SendMouse(*picture, QEvent::MouseButtonPress, middle, Qt::RightButton);
-  QApplication::activePopupWidget()->close();
-  for (const char* const item : {"mnuSkySatGriglia", "mnuSkySatOggettiCostellazioni",
-                                 "mnuSkySatEtichetteCostellazioni", "mnuSkySatEtichetteSoleLuna"})
-    window.RunCommand(item);
-  // times at three points of the track, written towards the middle of the chart
-  PassView same = EmptyPassView();
-  TakePass(same, *FirstPass(1, true));
-  const std::vector<TrackPoint>& points = same.Sky.Track.Points;
-  for (std::size_t i = 0; i < 3; ++i) {
-    const TrackPoint& point = points[points.size() * (2 * i + 1) / 6];
-    const auto at = [picture](float x, float y) {
-      return QPoint(qRound((x + 100) / 200 * picture->width()), qRound((100 - y) / 200 * picture->height()));
-    };
-    Drag(*picture, at(point.X, point.Y), at(point.X * 0.55F, point.Y * 0.55F));
-  }
-  Settle();
-  return frame;
+/// The download window with an answer of a server on loopback, a second after it began.
+QWidget* Download(MDIForm1& window, const QByteArray& answer, bool closes) {
+  QTcpServer server;
+  server.listen(QHostAddress::LocalHost);
+  QObject::connect(&server, &QTcpServer::newConnection, [&] {
+    QTcpSocket* const socket = server.nextPendingConnection();
+    socket->setParent(&window);
+    socket->write(answer);
+    if (closes) socket->disconnectFromHost();
+  });
+  // the window of the stop before has ended, but is deleted only now
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  std::ofstream(UserFolder + "/visual.txt") << "the file of last week\n";
+  window.RunCommand("mnuStrumentiDownload");
+  auto* const form = window.findChild<QWidget*>(QStringLiteral("frmDownload"));
+  auto* const entry = Control<QComboBox>(form, "cmbFileRemoto");
+  entry->setEditText(QStringLiteral("127.0.0.1:%1/NORAD/elements/visual.txt").arg(server.serverPort()));
+  Control<QAbstractButton>(form, "cmdOK")->click();
+  entry->setEditText(QStringLiteral("celestrak.org/NORAD/elements/visual.txt"));
+  QElapsedTimer clock;
+  for (clock.start(); clock.elapsed() < 1500;)
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+  return form;
 }
 
 std::vector<Stop> Stops(MDIForm1& window) {
@@ -213,6 +163,47 @@ std::vector<Stop> Stops(MDIForm1& window) {
          details->Leggi(AppPath + "/elements/sample.txt");
          return child("frmDetails");
        }},
+      {"frmCalc", "A table of positions is asked for",
+       [=, &window] {
+         window.RunCommand("mnuSatellitiCalcoloEffemeridi");
+         auto* const form = child("frmCalc");
+         Control<RowList>(form, "lstDatabase", 0)->SelectOnly(0);
+         Settle();
+         return form;
+       }},
+      {"frmDetails-Table", "The table of a satellite for the observer",
+       [=] {
+         auto* const form = child("frmCalc");
+         Control<QAbstractButton>(form, "cmdOK")->click();
+         Settle();
+         return child("frmDetails");
+       }},
+      {"frmRelative", "Two satellites to compare",
+       [=, &window] {
+         window.RunCommand("mnuSatellitiMotoRelativo");
+         auto* const form = child("frmRelative");
+         Control<RowList>(form, "lstDatabase", 0)->SelectOnly(0);
+         Control<RowList>(form, "lstDatabase", 1)->SelectOnly(1);
+         Settle();
+         return form;
+       }},
+      {"frmDetails-Relative", "Their relative motion, over the places below them",
+       [=] {
+         auto* const form = child("frmRelative");
+         Control<QAbstractButton>(form, "optLLA")->click();
+         Control<QAbstractButton>(form, "cmdOK")->click();
+         Settle();
+         return child("frmDetails");
+       }},
+      {"frmPreview", "Its pages, before they are printed",
+       [=, &window] {
+         QStringList rows;
+         const QAbstractItemModel* const model = Control<RowList>(child("frmDetails"), "List1")->model();
+         for (int row = 0; row < model->rowCount(); ++row) rows << model->index(row, 0).data().toString();
+         ThePrinter().setPageOrientation(QPageLayout::Landscape);
+         return dialog(new frmPreview(&window, ThePrinter(), child("frmDetails")->windowTitle(),
+                                      [rows](QPrinter& printer) { return PrintRows(printer, rows); }));
+       }},
       {"frmChannel", "The radio channels of a satellite", [=] { return dialog(new frmChannel(1, 0)); }},
       {"frmTime", "The clocks, and a simulation that waits for its start",
        [=, &window] {
@@ -242,6 +233,26 @@ std::vector<Stop> Stops(MDIForm1& window) {
          Control<QAbstractButton>(&window, "cmdModifica")->click();
          return window.findChild<QWidget*>(QStringLiteral("frmAddLocation"));
        }},
+      {"frmDownload", "A file of elements comes from a server",
+       [&window] {
+         return Download(window, "HTTP/1.1 200 OK\r\nContent-Length: 34000\r\n\r\n" + QByteArray(14280, '1'),
+                         false);
+       }},
+      {"frmDownload-End",
+       "Nothing is lost when the file has moved: the old one stays, the new address is told",
+       [&window] {
+         return Download(
+             window,
+             "HTTP/1.1 301 Moved Permanently\r\nLocation: "
+             "https://celestrak.org/NORAD/elements/gp.php?GROUP=visual&FORMAT=TLE&from=short-address\r\n"
+             "\r\nmoved",
+             true);
+       }},
+      {"frmSyncro", "The clock is set from a time server",
+       [&window] {
+         window.RunCommand("mnuStrumentiSincronizzazione");
+         return window.findChild<QWidget*>(QStringLiteral("frmSyncro"));
+       }},
       {"frmProgress", "Long work shows how far it is, and can be cancelled",
        [] {
          if (FormCalls* const location = LoadedForm("frmLocation")) location->Unload();
@@ -261,6 +272,24 @@ std::vector<Stop> Stops(MDIForm1& window) {
        }},
       {"frmWorldMap-Recta", "The rectangular map with track, circle, night side and the live values",
        [&window] { return OpenMap(window, "mnuTerraMappaRettangolare", QSize(960, 590)); }},
+      {"frmSettings-Filters", "Options: which passes a list keeps",
+       [=, &window] {
+         window.RunCommand("mnuOpzioniFiltri");
+         Settle();
+         return child("frmSettings");
+       }},
+      {"frmSettings-Colours", "Options: the colours of maps and charts",
+       [=, &window] {
+         window.RunCommand("mnuOpzioniColori");
+         Settle();
+         return child("frmSettings");
+       }},
+      {"frmFloating", "The live values in a window of their own",
+       [&window] {
+         if (FormCalls* const settings = LoadedForm("frmSettings")) settings->Unload();
+         window.RunCommand("mnuVisualizzaBarraDati");
+         return window.findChild<QWidget*>(QStringLiteral("frmFloating"));
+       }},
       {"frmGeneralSky", "The whole sphere: stars to magnitude 6, the planets and the Moon",
        [&window] { return OpenGeneralSky(window, false); }},
       {"frmGeneralSky-All", "With grid, figures and all names",
@@ -268,14 +297,24 @@ std::vector<Stop> Stops(MDIForm1& window) {
       {"frmGeneralSky-Zoom", "A part of it, dragged out by the mouse",
        [&window] { return ZoomGeneralSky(window); }},
       {"frmSkySat", "A predicted pass among the stars, with its data",
-       [&window] {
-         UnloadAllForms("MDIForm1");
+       [] {
+         if (FormCalls* const sky = LoadedForm("frmGeneralSky")) sky->Unload();
          return OpenPassChart();
        }},
       {"frmSkySat-All", "Another chart of it with grid, figures, names and times",
        [&window] { return OpenFullPassChart(window); }},
+      {"MDIForm1-Night", "Night colours for eyes that are used to the dark",
+       [&window]() -> QWidget* {
+         for (const char* const name : {"frmFloating", "frmSkySat1", "frmSkySat2"})
+           if (FormCalls* const form = LoadedForm(name)) form->Unload();
+         window.RunCommand("mnuVisualizzaColoriNotte");
+         return &window;
+       }},
       {"MDIForm1", "The main window with its menus, toolbar and status bar",
-       [&window]() -> QWidget* { return &window; }},
+       [&window]() -> QWidget* {
+         if (NightColoursActive) window.RunCommand("mnuVisualizzaColoriNotte");
+         return &window;
+       }},
   };
 }
 

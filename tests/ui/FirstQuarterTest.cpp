@@ -171,9 +171,13 @@ TEST_F(FirstQuarterTest, EveryCommandDoesWhatItSaysOrIsDisabled) {
   const std::map<std::string, std::string> opens = {{"mnuTerraMappaRettangolare", "frmWorldMap"},
                                                     {"mnuTerraMappaOrtografica", "frmWorldMap"},
                                                     {"mnuSatellitiDatabase", "frmDatabase"},
+                                                    {"mnuSatellitiCalcoloEffemeridi", "frmCalc"},
+                                                    {"mnuSatellitiMotoRelativo", "frmRelative"},
                                                     {"mnuStrumentiCalendario", "frmCalendar"},
                                                     {"mnuOpzioniData", "frmTime"},
-                                                    {"mnuOpzioniLocalita", "frmLocation"}};
+                                                    {"mnuOpzioniLocalita", "frmLocation"},
+                                                    {"mnuStrumentiDownload", "frmDownload"},
+                                                    {"mnuStrumentiSincronizzazione", "frmSyncro"}};
   // these ask with a window of their own that waits, or end the program; other tests drive them
   const QStringList waiting{"mnuOpzioniLingua", "mnuAiutoInformazioni", "mnuFileEsci",
                             "mnuFileImpostaStampante", "mnuFileStampa"};
