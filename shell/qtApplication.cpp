@@ -14,6 +14,7 @@
 #include "shell/frmLocation.h"
 #include "shell/frmTime.h"
 #include "shell/mStart.h"
+#include "sky/frmLocalSky.h"
 
 namespace halvorine {
 
@@ -44,6 +45,7 @@ void RegisterWindows() {
   MakeLoadable<frmLocation>("frmLocation");
   MakeLoadable<frmProgress>("frmProgress");
   MakeLoadable<frmWorldMap>("frmWorldMap");
+  MakeLoadable<frmLocalSky>("frmLocalSky");
 }
 
 }  // namespace halvorine

@@ -15,6 +15,7 @@ namespace {
 constexpr int circleStars = 293, brightPoints = 1639;  // the last number of a class
 constexpr Colour brightPoint = Rgb(220, 220, 220), faintPoint = Rgb(140, 140, 140);
 constexpr Colour moonRim = Rgb(180, 180, 180), nameColour = Rgb(180, 180, 180);
+constexpr Colour planetRim = Rgb(214, 218, 232);
 constexpr double smallestStar = 1.15, smallestPlanet = 2.2;  // pixels, radius
 constexpr double rimWidth = 0.8;                             // pixels, around planets
 constexpr double himetricPerTwip = 2540.0 / 1440.0;
@@ -43,8 +44,15 @@ class NamePlaces {
     const Area body = Around(mark, half);
     const double width = surface_.TextWidth(name), height = surface_.TextHeight(name);
     const double x = (body.left + body.right - width) / 2, y = (body.top + body.bottom - height) / 2;
-    const std::array<DeviceSpot, 4> corners = {
-        {{body.right, y}, {body.left - width, y}, {x, body.bottom}, {x, body.top - height}}};
+    const double left = body.left - width, above = body.top - height;
+    const std::array<DeviceSpot, 8> corners = {{{body.right, y},
+                                                {left, y},
+                                                {x, body.bottom},
+                                                {x, above},
+                                                {body.right, body.bottom},
+                                                {body.right, above},
+                                                {left, body.bottom},
+                                                {left, above}}};
     const auto area = [&](DeviceSpot at) { return Area{at.X, at.Y, at.X + width, at.Y + height}; };
     DeviceSpot chosen = corners.front();
     for (const DeviceSpot& corner : corners) {
@@ -90,9 +98,11 @@ bool Brighter(const BodyMark& a, const BodyMark& b) {
 
 void DrawPlanet(DrawSurface& surface, const BodyMark& mark) {
   surface.FillColor = PlanetColour(mark.Row);
-  surface.DrawWidth = rimWidth;
   surface.MinimumRadius = smallestPlanet;
   surface.Circle(mark.X, mark.Y, mark.Radius, surface.FillColor);
+  surface.FillStyle = FillKind::Transparent;
+  surface.DrawWidth = rimWidth;
+  surface.Circle(mark.X, mark.Y, mark.Radius, planetRim);
   surface.MinimumRadius = 0;
   surface.DrawWidth = 1;
 }
