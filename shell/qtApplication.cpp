@@ -3,17 +3,24 @@
 #include <clocale>
 #include <exception>
 
+#include "astro/frmObject.h"
+#include "astro/frmPlanets.h"
+#include "astro/frmRiseSet.h"
+#include "catalogue/frmChannel.h"
 #include "catalogue/frmDatabase.h"
 #include "controls/frmProgress.h"
 #include "controls/qtLook.h"
 #include "maps/frmWorldMap.h"
 #include "prediction/frmDetails.h"
+#include "prediction/frmSatellite.h"
+#include "prediction/frmTrack.h"
 #include "shell/base/mPlatform.h"
 #include "shell/base/qtForms.h"
 #include "shell/frmCalendar.h"
 #include "shell/frmLocation.h"
 #include "shell/frmTime.h"
 #include "shell/mStart.h"
+#include "sky/frmMagnitude.h"
 
 namespace halvorine {
 
@@ -44,6 +51,13 @@ void RegisterWindows() {
   MakeLoadable<frmLocation>("frmLocation");
   MakeLoadable<frmProgress>("frmProgress");
   MakeLoadable<frmWorldMap>("frmWorldMap");
+  MakeLoadable<frmChannel>("frmChannel");
+  MakeLoadable<frmMagnitude>("frmMagnitude");
+  MakeLoadable<frmObject>("frmObject");
+  MakeLoadable<frmPlanets>("frmPlanets");
+  MakeLoadable<frmRiseSet>("frmRiseSet");
+  MakeLoadable<frmSatellite>("frmSatellite");
+  MakeLoadable<frmTrack>("frmTrack");
 }
 
 }  // namespace halvorine

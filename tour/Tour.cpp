@@ -2,11 +2,16 @@
 // opens one window after the other and writes a picture of each, named after it, with a line of text.
 //   tour FOLDER [LANGUAGE]
 #include <QAbstractButton>
+#include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QLabel>
+#include <QPixmap>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTextStream>
+#include <QTimer>
 #include <functional>
 #include <iostream>
 #include <set>
@@ -93,6 +98,24 @@ QWidget* OpenMap(MDIForm1& window, const char* command, QSize size) {
   return map != nullptr ? map->parentWidget() : nullptr;
 }
 
+/// The picture of a modal window, which `show` opens and waits for, in a label of its own.
+QWidget* WhileOpen(MDIForm1& window, const char* name, const std::function<void()>& show) {
+  QPixmap picture;
+  QTimer::singleShot(0, &window, [&] {
+    if (auto* const form = window.findChild<QDialog*>(QString::fromLatin1(name))) {
+      Settle();
+      picture = form->grab();
+      form->close();
+    }
+  });
+  show();
+  auto* const shown = new QLabel();
+  shown->setAttribute(Qt::WA_DeleteOnClose);
+  shown->setPixmap(picture);
+  shown->resize(picture.deviceIndependentSize().toSize());
+  return shown;
+}
+
 std::vector<Stop> Stops(MDIForm1& window) {
   const auto child = [&window](const char* name) {
     auto* const form = window.findChild<QWidget*>(QString::fromLatin1(name));
@@ -126,7 +149,12 @@ std::vector<Stop> Stops(MDIForm1& window) {
          details->Leggi(AppPath + "/elements/sample.txt");
          return child("frmDetails");
        }},
-      {"frmChannel", "The radio channels of a satellite", [=] { return dialog(new frmChannel(1, 0)); }},
+      {"frmChannel", "The radio channels of a satellite",
+       [=] {
+         auto* const channel = new frmChannel();
+         channel->Fill(1, 0);
+         return dialog(channel);
+       }},
       {"frmTime", "The clocks, and a simulation that waits for its start",
        [=, &window] {
          window.RunCommand("mnuOpzioniData");
@@ -142,6 +170,39 @@ std::vector<Stop> Stops(MDIForm1& window) {
          window.RunCommand("mnuStrumentiCalendario");
          Settle();
          return child("frmCalendar");
+       }},
+      {"frmTrack", "Ten satellites a page, every second: here as they are seen from the place",
+       [=, &window] {
+         window.RunCommand("mnuEffemeridiSatelliti");
+         Settle();
+         return child("frmTrack");
+       }},
+      {"frmTrack-Radio", "Their radio channels with the Doppler shift of this second",
+       [=, &window] {
+         Control<QTabWidget>(window.findChild<QWidget*>(QStringLiteral("frmTrack")), "SSTab1")
+             ->setCurrentIndex(3);
+         Settle();
+         return child("frmTrack");
+       }},
+      {"frmSatellite", "Everything about one element set",
+       [=, &window] { return WhileOpen(window, "frmSatellite", [] { ShowSatellite(1); }); }},
+      {"frmPlanets", "Planets, Sun and Moon, every second",
+       [=, &window] {
+         window.RunCommand("mnuEffemeridiPianeti");
+         Settle();
+         return child("frmPlanets");
+       }},
+      {"frmRiseSet", "Rise and set of Sun and Moon, and the Moon's phase",
+       [=, &window] {
+         window.RunCommand("mnuEffemeridiAlmanacco");
+         Settle();
+         return child("frmRiseSet");
+       }},
+      {"frmObject", "A planet that was clicked in the sky",
+       [=, &window] {
+         return WhileOpen(window, "frmObject", [] {
+           if (auto* const object = Load<ObjectCalls>("frmObject")) object->ShowObject(Saturn);
+         });
        }},
       {"frmLocation", "The observer's place, found by typing a part of its name",
        [=, &window] {
@@ -168,7 +229,8 @@ std::vector<Stop> Stops(MDIForm1& window) {
       {"frmWorldMap-Ortho", "The globe, turned to the principal satellite",
        [&window] {
          if (FormCalls* const progress = LoadedForm("frmProgress")) progress->Unload();
-         for (const char* const name : {"frmDatabase", "frmFile1", "frmDetails", "frmCalendar", "frmTime"})
+         for (const char* const name : {"frmDatabase", "frmFile1", "frmDetails", "frmCalendar", "frmTime",
+                                        "frmTrack", "frmPlanets", "frmRiseSet"})
            if (FormCalls* const form = LoadedForm(name)) form->Unload();
          return OpenMap(window, "mnuTerraMappaOrtografica", QSize(711, 490));
        }},

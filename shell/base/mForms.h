@@ -124,6 +124,43 @@ class SatelliteCalls : public FormCalls {
   virtual void ShowSlot(int slot) = 0;
 };
 
+/// frmChannel: the choice of a radio channel for a row of the live panel.
+class ChannelCalls : public FormCalls {
+ public:
+  /// Asks for the channel of a row (from 0) that shows a slot, and comes back when the user has chosen (true;
+  /// the choice then stands in the options) or left. SubscriptFailure for a row or a slot that does not
+  /// exist.
+  virtual bool Choose(int slot, int panelRow) = 0;
+};
+
+/// frmObject: everything about one object of the sky.
+class ObjectCalls : public FormCalls {
+ public:
+  /// Shows PickedStar (0) or a body of SkyObjectTable (1 to 9), and comes back when the user has closed the
+  /// window. SubscriptFailure for any other number.
+  virtual void ShowObject(int index) = 0;
+};
+
+/// A sky chart whose stars are limited by their count.
+class StarCountCalls {
+ public:
+  virtual ~StarCountCalls() = default;
+  virtual int StarCount() const = 0;
+  /// Takes a count over and draws the chart anew.
+  virtual void SetStarCount(int count) = 0;
+};
+
+/// frmMagnitude: the limiting magnitude of a sky chart.
+class MagnitudeCalls : public FormCalls {
+ public:
+  /// Asks for the limit of the chart that a tag stands for: "locale", "generale", or "anteprima" for the pass
+  /// chart named AskingPassChart. Comes back when the user has closed the window.
+  virtual void ShowFor(std::string_view tag) = 0;
+};
+
+/// Name of the pass chart whose popup menu was opened last; several of them can stand open.
+inline std::string AskingPassChart;
+
 /// frmDetails: tables of fixed-width rows, and the summary of an element file or a database.
 class DetailsCalls : public FormCalls {
  public:

@@ -57,6 +57,7 @@ void ResetSharedRecords() {
   FrequencyTable.clear();
   SkyObjectTable = {};
   StarTable.clear();
+  PickedStar = {};
   ConstellationLines.clear();
   ConstellationLabels.clear();
 }

@@ -41,6 +41,7 @@ inline std::vector<std::string> MagnitudeTable;  // standard magnitude by catalo
 inline std::vector<FrequencyRow> FrequencyTable;
 inline Slots<SkyObject, 10> SkyObjectTable;
 inline std::vector<StarRow> StarTable;
+inline StarRecord PickedStar;  // the star that was last picked on a chart
 inline std::vector<ConstellationLine> ConstellationLines;
 inline std::vector<ConstellationLabel> ConstellationLabels;
 
