@@ -42,6 +42,7 @@ constexpr std::array<Row, 8> objectRows = {{
 template <class Rows>
 QGroupBox* MakeGroup(const QString& title, const Rows& rows) {
   std::vector<ValueRow> values;
+  values.reserve(rows.size());
   for (const Row& row : rows) values.push_back({Text(section, row.key), row.name});
   return MakeValueGroup(title, values);
 }

@@ -175,17 +175,16 @@ QLayout* frmRiseSet::MakeEvent(int index) {
   rows->addWidget(time);
   rows->addLayout(line);
   rows->addStretch();
-  QSizePolicy keepsItsRoom = caption->sizePolicy();
-  keepsItsRoom.setRetainSizeWhenHidden(true);
-  caption->setSizePolicy(keepsItsRoom);
   return rows;
 }
 
 void frmRiseSet::ShowEvent(int index, const AlmanacEvent& event) {
   const EventNames& names = events.at(static_cast<std::size_t>(index));
   Control<QLabel>(this, names.time)->setText(ToQ(event.Time));
-  Control<QLabel>(this, names.azimuth)->setText(ToQ(event.Azimuth));
-  Control<QLabel>(this, "lblAzimuth", index)->setVisible(!event.Azimuth.empty());
+  auto* const azimuth = Control<QLabel>(this, names.azimuth);
+  azimuth->setText(ToQ(event.Azimuth));
+  for (QLabel* const label : {azimuth, Control<QLabel>(this, "lblAzimuth", index)})
+    label->setVisible(!event.Azimuth.empty());
 }
 
 void frmRiseSet::ShowDay() {

@@ -74,6 +74,7 @@ constexpr std::array<Step, 4> steps = {{{"cmdPrimo", "primo", "b_first", TrackMo
 template <class Rows>
 QGroupBox* MakeGroup(const char* key, const Rows& rows) {
   std::vector<ValueRow> values;
+  values.reserve(rows.size());
   for (const Row& row : rows) values.push_back({Text(section, row.key), row.name});
   return MakeValueGroup(Text(section, key), values);
 }

@@ -22,7 +22,8 @@ namespace {
 
 constexpr const char* section = "frmTrack";
 constexpr int helpTopic = 110;
-constexpr int rowHeight = 28, buttonHeight = 24, nameWidth = 190, cellEdge = 6;  // logical pixels
+constexpr int rowHeight = 28, buttonHeight = 24, nameWidth = 190, cellEdge = 6,
+              wordIndent = 16;  // logical pixels
 
 /// A column of a page: its labels, its heading in the language file, and the longest text that it may show.
 struct Column {
@@ -82,7 +83,7 @@ const std::array<Page, 4>& Pages() {
 
 constexpr int radioPage = 3;
 
-/// A page of rows; every second one stands on a band.
+/// A page of rows; every second one stands on a band. Without satellites a line says where they come from.
 class BandedPage : public QWidget {
  public:
   explicit BandedPage(QGridLayout*& grid) { grid = grid_ = new QGridLayout(this); }
@@ -97,6 +98,11 @@ class BandedPage : public QWidget {
       const QRect cell = grid_->cellRect(row, 0);
       painter.fillRect(0, cell.top(), width(), cell.height(), palette().color(QPalette::AlternateBase));
     }
+    if (ActiveCount > 0) return;
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    const QRect first = grid_->cellRect(1, 0);
+    painter.drawText(QRect(first.left(), first.top(), width(), first.height()),
+                     Qt::AlignLeft | Qt::AlignVCenter, Text("frmDatabase", "attivivuoto"));
   }
 
  private:
@@ -167,13 +173,17 @@ QWidget* frmTrack::MakePage(int tab) {
   for (const Column& column : page.columns) {
     // words begin at the left, numbers end at the right
     const Qt::Alignment side = IsWord(column) ? Qt::AlignLeft : Qt::AlignRight;
-    grid->addWidget(MakeHead(column.keySection, column.key, side), 0, at);
-    grid->setColumnMinimumWidth(at, WidestText(column, fontMetrics()) + cellEdge);
+    const int indent = IsWord(column) ? wordIndent : 0;
+    QLabel* const head = MakeHead(column.keySection, column.key, side);
+    head->setIndent(indent);
+    grid->addWidget(head, 0, at);
+    grid->setColumnMinimumWidth(at, WidestText(column, fontMetrics()) + cellEdge + indent);
     grid->setColumnStretch(at, 1);
     for (int row = 0; row < TrackRows; ++row) {
       QLabel* const value = MakeValue(column.name, row);
       value->setAccessibleName(Text(column.keySection, column.key));
       value->setAlignment(side | Qt::AlignVCenter);
+      value->setIndent(indent);
       grid->addWidget(value, row + 1, at);
       values_[static_cast<std::size_t>(row)].push_back(value);
     }
@@ -250,6 +260,8 @@ void frmTrack::Aggiorna_dati() {
   if (firstSlot_ == 0) firstSlot_ = 1;
   for (int row = 0; row < TrackRows; ++row) FillRow(row);
   lblSatellite_->setText(ToQ(TrackPageText(firstSlot_)));
+  if ((ActiveCount == 0) != empty_) SSTab1_->currentWidget()->update();
+  empty_ = ActiveCount == 0;
 }
 
 void frmTrack::FillRow(int row) {

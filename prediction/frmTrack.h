@@ -48,6 +48,7 @@ class frmTrack : public ChildForm, public RefreshCalls {
   std::array<std::vector<QLabel*>, TrackRows> values_;  // in the order of the pages and their columns
   std::array<bool, TrackRows> below_{};
   std::int16_t firstSlot_ = 1;
+  bool empty_ = false;
 };
 
 }  // namespace halvorine

@@ -17,10 +17,12 @@
 #include <set>
 #include <vector>
 
+#include "astro/mAstro.h"
 #include "astro/mConv.h"
 #include "catalogue/frmChannel.h"
 #include "catalogue/frmFile.h"
 #include "catalogue/mCatalogue.h"
+#include "orbit/mSat.h"
 #include "shell/MDIForm1.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mReg.h"
@@ -56,6 +58,8 @@ class TourPlatform : public QtPlatform {
   Date clock_ = DateOf(2022, 6, 14) + (20 * 3600 + 8 * 60 + 41) / 86400.0;
   std::string settings_;
 };
+
+constexpr double minutesToAPass = 56;
 
 struct Stop {
   QString name;
@@ -101,19 +105,30 @@ QWidget* OpenMap(MDIForm1& window, const char* command, QSize size) {
 /// The picture of a modal window, which `show` opens and waits for, in a label of its own.
 QWidget* WhileOpen(MDIForm1& window, const char* name, const std::function<void()>& show) {
   QPixmap picture;
-  QTimer::singleShot(0, &window, [&] {
-    if (auto* const form = window.findChild<QDialog*>(QString::fromLatin1(name))) {
-      Settle();
-      picture = form->grab();
-      form->close();
-    }
+  QTimer look;
+  QObject::connect(&look, &QTimer::timeout, [&] {
+    auto* const form = window.findChild<QDialog*>(QString::fromLatin1(name));
+    if (form == nullptr || !form->isVisible()) return;
+    look.stop();
+    Settle();
+    picture = form->grab();
+    form->close();
   });
+  look.start(1);
   show();
   auto* const shown = new QLabel();
   shown->setAttribute(Qt::WA_DeleteOnClose);
   shown->setPixmap(picture);
   shown->resize(picture.deviceIndependentSize().toSize());
   return shown;
+}
+
+/// Moves the satellites of the live panel to where they stand some minutes later.
+void ShowLater(double minutes) {
+  UpdateSiderealTime(AddSeconds(CurrentDate, minutes * 60));
+  for (int slot = 1; slot <= ActiveCount; ++slot) ComputeSatelliteState(slot, ClockFields.JulianDayNow);
+  if (auto* const panel = Loaded<RefreshCalls>("frmTrack")) panel->Aggiorna_dati();
+  UpdateSiderealTime(CurrentDate);
 }
 
 std::vector<Stop> Stops(MDIForm1& window) {
@@ -174,6 +189,7 @@ std::vector<Stop> Stops(MDIForm1& window) {
       {"frmTrack", "Ten satellites a page, every second: here as they are seen from the place",
        [=, &window] {
          window.RunCommand("mnuEffemeridiSatelliti");
+         ShowLater(minutesToAPass);
          Settle();
          return child("frmTrack");
        }},
@@ -195,6 +211,8 @@ std::vector<Stop> Stops(MDIForm1& window) {
       {"frmRiseSet", "Rise and set of Sun and Moon, and the Moon's phase",
        [=, &window] {
          window.RunCommand("mnuEffemeridiAlmanacco");
+         // six days on, so that the Moon has a phase to show
+         for (int day = 0; day < 6; ++day) Control<QAbstractButton>(&window, "cmdGiornoDopo")->click();
          Settle();
          return child("frmRiseSet");
        }},
