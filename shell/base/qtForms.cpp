@@ -95,6 +95,35 @@ void ChildForm::SetFirstSize(int width, int height) {
   frame_->resize(width + border.width(), height + border.height());
 }
 
+ModalForm::ModalForm(const QString& name) : QDialog(WorkArea() != nullptr ? WorkArea()->window() : nullptr) {
+  setObjectName(name);
+}
+
+ModalForm::~ModalForm() {
+  if (calls_ != nullptr && LoadedForm(FromQ(objectName())) == calls_) UnregisterForm(FromQ(objectName()));
+}
+
+void ModalForm::Publish(FormCalls* calls) {
+  calls_ = calls;
+  RegisterForm(FromQ(objectName()), calls);
+}
+
+bool ModalForm::RunForm() {
+  if (isVisible()) return false;
+  const QPointer<ModalForm> self(this);
+  const bool accepted = exec() == QDialog::Accepted;
+  if (self != nullptr) UnloadForm();
+  return accepted;
+}
+
+void ModalForm::UnloadForm() {
+  if (calls_ == nullptr) return;
+  if (LoadedForm(FromQ(objectName())) == calls_) UnregisterForm(FromQ(objectName()));
+  calls_ = nullptr;
+  hide();
+  deleteLater();
+}
+
 void ChildForm::closeEvent(QCloseEvent* event) {
   event->ignore();
   if (CloseUnloads())
