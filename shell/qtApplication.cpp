@@ -4,9 +4,12 @@
 #include <exception>
 
 #include "catalogue/frmDatabase.h"
+#include "controls/frmFloating.h"
 #include "controls/frmProgress.h"
 #include "controls/qtLook.h"
 #include "maps/frmWorldMap.h"
+#include "net/frmDownload.h"
+#include "net/frmSyncro.h"
 #include "prediction/frmCalc.h"
 #include "prediction/frmDetails.h"
 #include "prediction/frmRelative.h"
@@ -14,6 +17,7 @@
 #include "shell/base/qtForms.h"
 #include "shell/frmCalendar.h"
 #include "shell/frmLocation.h"
+#include "shell/frmSettings.h"
 #include "shell/frmTime.h"
 #include "shell/mStart.h"
 
@@ -48,6 +52,10 @@ void RegisterWindows() {
   MakeLoadable<frmLocation>("frmLocation");
   MakeLoadable<frmProgress>("frmProgress");
   MakeLoadable<frmWorldMap>("frmWorldMap");
+  MakeLoadable<frmFloating>("frmFloating");
+  MakeLoadable<frmSettings>("frmSettings");
+  MakeLoadable<frmDownload>("frmDownload");
+  MakeLoadable<frmSyncro>("frmSyncro");
 }
 
 }  // namespace halvorine

@@ -1,6 +1,7 @@
 #include "shell/base/qtPlatform.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QDateTime>
 #include <QDeadlineTimer>
 #include <QDesktopServices>
@@ -15,7 +16,9 @@
 #include <QUrl>
 
 #include "controls/qtMessage.h"
+#include "shell/base/mGlobal.h"
 #include "shell/base/mText.h"
+#include "shell/base/qtClock.h"
 #include "shell/base/qtForms.h"
 
 namespace halvorine {
@@ -48,9 +51,15 @@ QString EndingOf(const QString& filter) {
   return filter.mid(at + 3, end - at - 3);
 }
 
+/// The desktop's own dialogs know no night colours.
+QFileDialog::Options ChooserOptions() {
+  return NightColoursActive ? QFileDialog::DontUseNativeDialog : QFileDialog::Options();
+}
+
 /// Asks for a file to save; a name without an ending gets that of the chosen kind.
 QString AskSaveName(QWidget* parent, const QString& title, const QString& initial, const QString& filter) {
   QFileDialog dialog(parent, title, {}, filter);
+  dialog.setOptions(ChooserOptions());
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   const QFileInfo start(initial);
@@ -87,9 +96,19 @@ std::optional<std::string> QtPlatform::ChooseFile(const FileQuestion& question) 
   const QString initial = ToQ(question.initial);
   QWidget* const parent = QApplication::activeWindow();
   const QString chosen = question.saving ? AskSaveName(parent, title, initial, filter)
-                                         : QFileDialog::getOpenFileName(parent, title, initial, filter);
+                                         : QFileDialog::getOpenFileName(parent, title, initial, filter,
+                                                                        nullptr, ChooserOptions());
   if (chosen.isEmpty()) return std::nullopt;
   return FromQ(chosen);
+}
+
+std::optional<std::int32_t> QtPlatform::ChooseColour(const std::string& title, std::int32_t start) {
+  const QColorDialog::ColorDialogOptions options =
+      NightColoursActive ? QColorDialog::DontUseNativeDialog : QColorDialog::ColorDialogOptions();
+  const QColor chosen =
+      QColorDialog::getColor(ColourOf(start), QApplication::activeWindow(), ToQ(title), options);
+  if (!chosen.isValid()) return std::nullopt;
+  return NumberOf(chosen);
 }
 
 void QtPlatform::Yield() { QCoreApplication::processEvents(); }
@@ -114,7 +133,7 @@ std::optional<ZoneBias> QtPlatform::GetZoneBias() {
   return ZoneBias{-zone.offsetFromUtc(now) / 60, zone.isDaylightTime(now)};
 }
 
-bool QtPlatform::SetComputerClock(Date /*utc*/) { return false; }
+void QtPlatform::SetComputerClock(Date utc, const ClockAnswered& answered) { SetClock(utc, answered); }
 
 std::string QtPlatform::SettingsFile() {
   return FromQ(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)) + "/settings.txt";
