@@ -20,6 +20,9 @@
 #include "shell/frmSettings.h"
 #include "shell/frmTime.h"
 #include "shell/mStart.h"
+#include "sky/frmGeneralSky.h"
+#include "sky/frmLocalSky.h"
+#include "sky/frmSkySat.h"
 
 namespace halvorine {
 
@@ -49,13 +52,16 @@ void RegisterWindows() {
   MakeLoadable<frmCalendar>("frmCalendar");
   MakeLoadable<frmDatabase>("frmDatabase");
   MakeLoadable<frmDetails>("frmDetails");
+  MakeLoadable<frmGeneralSky>("frmGeneralSky");
   MakeLoadable<frmLocation>("frmLocation");
   MakeLoadable<frmProgress>("frmProgress");
+  MakeLoadable<frmSkySat>("frmSkySat");
   MakeLoadable<frmWorldMap>("frmWorldMap");
   MakeLoadable<frmFloating>("frmFloating");
   MakeLoadable<frmSettings>("frmSettings");
   MakeLoadable<frmDownload>("frmDownload");
   MakeLoadable<frmSyncro>("frmSyncro");
+  MakeLoadable<frmLocalSky>("frmLocalSky");
 }
 
 }  // namespace halvorine
