@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QNetworkInformation>
 #include <QProcess>
 #include <QStandardPaths>
@@ -40,6 +41,35 @@ QString DialogFilter(const std::string& filter) {
   return result.join(QLatin1String(";;"));
 }
 
+/// The ending that a kind of files gives to a name without one: "csv" of "CSV files (*.csv)".
+QString EndingOf(const QString& filter) {
+  const qsizetype at = filter.lastIndexOf(QLatin1String("(*."));
+  if (at < 0) return {};
+  qsizetype end = at + 3;
+  while (end < filter.size() && filter[end].isLetterOrNumber()) ++end;
+  return filter.mid(at + 3, end - at - 3);
+}
+
+/// The desktop's own dialogs know no night colours.
+QFileDialog::Options ChooserOptions() {
+  return NightColoursActive ? QFileDialog::DontUseNativeDialog : QFileDialog::Options();
+}
+
+/// Asks for a file to save; a name without an ending gets that of the chosen kind.
+QString AskSaveName(QWidget* parent, const QString& title, const QString& initial, const QString& filter) {
+  QFileDialog dialog(parent, title, {}, filter);
+  dialog.setOptions(ChooserOptions());
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  const QFileInfo start(initial);
+  if (!initial.isEmpty()) dialog.setDirectory(start.isDir() ? initial : start.absolutePath());
+  if (!initial.isEmpty() && !start.isDir()) dialog.selectFile(start.fileName());
+  const auto follow = [&dialog](const QString& chosen) { dialog.setDefaultSuffix(EndingOf(chosen)); };
+  follow(dialog.selectedNameFilter());
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
 /// The system's calculator goes by many names.
 QString KnownProgram(const QString& name) {
   if (name != QLatin1String("calc.exe")) return name;
@@ -64,12 +94,9 @@ std::optional<std::string> QtPlatform::ChooseFile(const FileQuestion& question) 
   const QString filter = DialogFilter(question.filter);
   const QString initial = ToQ(question.initial);
   QWidget* const parent = QApplication::activeWindow();
-  // the desktop's own dialogs know no night colours
-  const QFileDialog::Options options =
-      NightColoursActive ? QFileDialog::DontUseNativeDialog : QFileDialog::Options();
-  const QString chosen = question.saving
-                             ? QFileDialog::getSaveFileName(parent, title, initial, filter, nullptr, options)
-                             : QFileDialog::getOpenFileName(parent, title, initial, filter, nullptr, options);
+  const QString chosen = question.saving ? AskSaveName(parent, title, initial, filter)
+                                         : QFileDialog::getOpenFileName(parent, title, initial, filter,
+                                                                        nullptr, ChooserOptions());
   if (chosen.isEmpty()) return std::nullopt;
   return FromQ(chosen);
 }
