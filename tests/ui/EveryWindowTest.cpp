@@ -52,6 +52,9 @@ class EveryWindowTest : public RunningProgram {
 void ExpectNothingCut(const QWidget* window, const std::string& where) {
   for (const QWidget* const control : window->findChildren<QWidget*>()) {
     const auto* const label = qobject_cast<const QLabel*>(control);
+    if (label != nullptr && label->wordWrap() && label->isVisible()) {
+      EXPECT_GE(label->height(), label->heightForWidth(label->width())) << where << FromQ(label->text());
+    }
     const bool fits = (label != nullptr && !label->wordWrap() && !label->text().isEmpty()) ||
                       (qobject_cast<const QAbstractButton*>(control) != nullptr && control->isEnabled());
     if (!fits || !control->isVisible() || control->objectName().startsWith(QLatin1String("lblPercorso")) ||

@@ -111,7 +111,8 @@ TEST_F(NightTest, FieldsWithACursorAndTheToolkitsFileDialogAreRedToo) {
     EXPECT_GT(mark->x(), 10) << "behind what was typed";
   }
   Night();
-  text.setFocus();
+  text.activateWindow();
+  QTest::qWait(20);
   EXPECT_EQ(text.findChild<QWidget*>(QStringLiteral("NightCaret")), nullptr);
   EXPECT_EQ(text.cursorWidth(), 1);
 }

@@ -14,7 +14,6 @@
 #include <limits>
 #include <set>
 
-#include "LookSampler.h"
 #include "controls/RangeTool.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mLang.h"
@@ -488,32 +487,6 @@ TEST_F(SettingsTest, TheKeyboardReachesEveryControl) {
   QTest::keyClick(Control<QCheckBox>(form_, "chkConfermaUscita"), Qt::Key_Space);
   QTest::keyClick(Control<QCheckBox>(form_, "chkConfermaUscita"), Qt::Key_Return);
   EXPECT_EQ(Options.ConfirmExit, -1);
-}
-
-TEST_F(SettingsTest, NoPageCutsATextInAnyLanguage) {
-  Start();
-  for (const std::string& language : InstalledLanguages()) {
-    ChooseLanguage(language);
-    Open();
-    for (int tab = 0; tab < Tabs()->count(); ++tab) {
-      Tabs()->setCurrentIndex(tab);
-      QCoreApplication::processEvents();
-      Grabbed(form_, QStringLiteral("frmSettings-%1-%2").arg(ToQ(language)).arg(tab));
-      EXPECT_LE(form_->parentWidget()->width(), 700) << language;
-      for (const QWidget* const part : form_->findChildren<QWidget*>()) {
-        const auto* const label = qobject_cast<const QLabel*>(part);
-        const bool text = label != nullptr || qobject_cast<const QAbstractButton*>(part) != nullptr ||
-                          qobject_cast<const QComboBox*>(part) != nullptr;
-        if (!text || !part->isVisible()) continue;
-        const bool wraps = label != nullptr && label->wordWrap();
-        EXPECT_GE(part->width(), wraps ? 0 : part->sizeHint().width())
-            << language << " " << FromQ(part->objectName());
-        EXPECT_GE(part->height(), wraps ? label->heightForWidth(part->width()) : part->sizeHint().height())
-            << language << " " << FromQ(part->objectName());
-      }
-    }
-    Click("cmdCancel");
-  }
 }
 
 // The range tool by itself: 214 pixels wide, so that a pixel of its way is half a unit of 0 to 100.
