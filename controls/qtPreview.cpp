@@ -74,6 +74,11 @@ QToolButton* frmPreview::MakeButton(const char* name, const char* icon, const ch
   return button;
 }
 
+void frmPreview::Turn(int pages) {
+  view_->setCurrentPage(view_->currentPage() + pages);
+  ShowPage();
+}
+
 void frmPreview::ShowPage() {
   const int page = view_->currentPage();
   const int count = view_->pageCount();

@@ -20,8 +20,9 @@ class frmPreview : public QDialog {
  private:
   QToolButton* MakeButton(const char* name, const char* icon, const char* key, void (frmPreview::*clicked)());
   void ShowPage();
-  void cmdPrecedente_Click() { view_->setCurrentPage(view_->currentPage() - 1); }
-  void cmdSuccessiva_Click() { view_->setCurrentPage(view_->currentPage() + 1); }
+  void Turn(int pages);
+  void cmdPrecedente_Click() { Turn(-1); }
+  void cmdSuccessiva_Click() { Turn(1); }
   void cmdIngrandisci_Click() { view_->zoomIn(); }
   void cmdRiduci_Click() { view_->zoomOut(); }
   void cmdStampa_Click();

@@ -143,6 +143,7 @@ bool CanBegin(const QPrinter& target) {
 /// Whether the file that was to be written is there to its end: a full disk is not told by the printer.
 bool IsWhole(const QPrinter& target) {
   if (target.outputFormat() != QPrinter::PdfFormat) return true;
+  if (!QFileInfo(target.outputFileName()).isFile()) return false;
   QFile file(target.outputFileName());
   constexpr qint64 tail = 64;
   return file.open(QIODevice::ReadOnly) && file.seek(std::max<qint64>(0, file.size() - tail)) &&

@@ -51,7 +51,7 @@ QWidget* frmRelative::MakePage(int index) {
   rows->setContentsMargins(12, 12, 12, 12);
   rows->setSpacing(8);
   rows->addWidget(database);
-  rows->addWidget(ListOf(index).Make(index, caption), 1);
+  rows->addLayout(ListOf(index).Make(index, caption), 1);
   ListOf(index).Fill(Primary);
   connect(database, &QComboBox::currentIndexChanged, this,
           [this, index](int chosen) { ListOf(index).Fill(chosen); });
@@ -60,6 +60,7 @@ QWidget* frmRelative::MakePage(int index) {
 
 void frmRelative::Show() {
   for (EntryList& list : lists_) list.Fill(list.Database());
+  ListOf(pages_->currentIndex()).SetFocus();
   ShowForm();
 }
 

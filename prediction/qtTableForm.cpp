@@ -4,13 +4,15 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
+#include <QLineEdit>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "controls/GraphButton.h"
 #include "controls/qtLook.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mHelp.h"
+#include "shell/base/mText.h"
 #include "shell/base/qtDates.h"
 
 namespace halvorine {
@@ -21,7 +23,7 @@ constexpr int mostAmount = 59;
 // a year at each end of what the control holds is left to zones
 const QDate firstDay(1601, 1, 1), lastDay(9998, 12, 31);
 // logical pixels
-constexpr int formWidth = 540, formHeight = 400, listWidth = 230;
+constexpr int formWidth = 540, formHeight = 400, listWidth = 230, textMargin = 4;
 
 struct CodeChoice {
   const char *name, *key;
@@ -38,7 +40,7 @@ QLabel* Caption(const QString& text, QWidget* of) {
 
 }  // namespace
 
-RowList* EntryList::Make(int index, const QString& accessibleName) {
+QLayout* EntryList::Make(int index, const QString& accessibleName) {
   list_ = Named(new RowList(), "lstDatabase", index);
   list_->setSelectionMode(QAbstractItemView::SingleSelection);
   list_->SetHint(halvorine::Text("frmDatabase", "elencovuoto"));
@@ -46,16 +48,31 @@ RowList* EntryList::Make(int index, const QString& accessibleName) {
   list_->setMinimumWidth(listWidth);
   model_ = new DatabaseModel(list_);
   list_->setModel(model_);
-  return list_;
+  lblNorad_ = Named(new QLabel(), "lblNorad", index);
+  lblNorad_->setForegroundRole(MutedRole);
+  QObject::connect(list_->selectionModel(), &QItemSelectionModel::selectionChanged, list_,
+                   [this] { ShowNumber(); });
+  auto* const rows = new QVBoxLayout();
+  rows->setSpacing(4);
+  rows->addWidget(list_, 1);
+  rows->addWidget(lblNorad_);
+  return rows;
+}
+
+void EntryList::ShowNumber() {
+  const int chosen = Chosen();
+  lblNorad_->setText(chosen == 0 ? QString()
+                                 : halvorine::Text("frmDetails", "norad") + QLatin1Char(' ') +
+                                       ToQ(Columns(DatabaseOf(database_).Entry(chosen).line1, 3, 7)));
 }
 
 void EntryList::Fill(int database) {
   const int chosen = database == database_ ? Chosen() : 0;
   database_ = database;
   model_->SetRows(EntryNames(database));
-  if (chosen == 0) return;
   list_->SelectOnly(chosen - 1);
   list_->MakeCurrent(chosen - 1);
+  ShowNumber();
 }
 
 int EntryList::Chosen() const {
@@ -85,7 +102,7 @@ void TableForm::Compose(QWidget* pages, int helpTopic) {
   rows->setSpacing(12);
   rows->addLayout(upper, 1);
   rows->addLayout(MakeLastRow(helpTopic));
-  OrderTabs(pages);
+  OrderTabs();
   const QSize fitting = sizeHint();
   SetFirstSize(std::max(formWidth, fitting.width()), std::max(formHeight, fitting.height()));
 }
@@ -113,9 +130,11 @@ QWidget* TableForm::MakeSpan() {
                                QDateTime(lastDay, QTime(23, 59, 59), Qt::UTC));
   DTPicker1_->setDisplayFormat(QStringLiteral("yyyy-MM-dd  HH:mm:ss"));
   DTPicker1_->setCalendarPopup(true);
+  if (auto* const line = DTPicker1_->findChild<QLineEdit*>()) line->setTextMargins(textMargin, 0, 0, 0);
   DressCalendar(*DTPicker1_->calendarWidget());
   DTPicker1_->setAccessibleName(Text("datainizio"));
   DTPicker1_->setDateTime(DateTimeOf(CurrentDate));
+  DTPicker1_->setMinimumWidth(DTPicker1_->sizeHint().width() + 2 * textMargin);
   // two hours by the minute: one revolution and a bit of most satellites
   cmbDurata_ = MakeNumbers("cmbDurata", 2);
   cmbTipoDurata_ = MakeUnits("cmbTipoDurata", {"min", "ore", "giorni"}, SpanHours);
@@ -180,12 +199,14 @@ QLayout* TableForm::MakeLastRow(int helpTopic) {
   return row;
 }
 
-void TableForm::OrderTabs(QWidget* pages) {
-  QWidget* before = pages;
+void TableForm::OrderTabs() {
+  QWidget* before = Control<QWidget>(this, "SSTab1");
   for (const char* const name :
-       {"DTPicker1", "cmbDurata", "cmbTipoDurata", "cmbIntervallo", "cmbTipoIntervallo", "optOBS", "optECI",
-        "optLLA", "optRAD", "cmdHelp", "cmdOK", "cmdCancel"}) {
-    auto* const widget = Control<QWidget>(this, name);
+       {"cmbDatabase(0)", "lstDatabase(0)", "cmbDatabase(1)", "lstDatabase(1)", "DTPicker1", "cmbDurata",
+        "cmbTipoDurata", "cmbIntervallo", "cmbTipoIntervallo", "optOBS", "optECI", "optLLA", "optRAD",
+        "cmdHelp", "cmdOK", "cmdCancel"}) {
+    auto* const widget = findChild<QWidget*>(QString::fromLatin1(name));
+    if (widget == nullptr) continue;  // one of the dialogs has no choice of the database
     setTabOrder(before, widget);
     before = widget;
   }

@@ -8,6 +8,8 @@
 #include "controls/frmProgress.h"
 #include "controls/qtLook.h"
 #include "maps/frmWorldMap.h"
+#include "net/frmDownload.h"
+#include "net/frmSyncro.h"
 #include "prediction/frmCalc.h"
 #include "prediction/frmDetails.h"
 #include "prediction/frmRelative.h"
@@ -52,6 +54,8 @@ void RegisterWindows() {
   MakeLoadable<frmWorldMap>("frmWorldMap");
   MakeLoadable<frmFloating>("frmFloating");
   MakeLoadable<frmSettings>("frmSettings");
+  MakeLoadable<frmDownload>("frmDownload");
+  MakeLoadable<frmSyncro>("frmSyncro");
 }
 
 }  // namespace halvorine

@@ -2,11 +2,15 @@
 // opens one window after the other and writes a picture of each, named after it, with a line of text.
 //   tour FOLDER [LANGUAGE]
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTextStream>
+#include <fstream>
 #include <functional>
 #include <iostream>
 #include <set>
@@ -17,6 +21,8 @@
 #include "catalogue/frmFile.h"
 #include "catalogue/mCatalogue.h"
 #include "catalogue/qtDatabaseList.h"
+#include "controls/qtPreview.h"
+#include "controls/qtPrint.h"
 #include "shell/MDIForm1.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mReg.h"
@@ -41,7 +47,11 @@ class TourPlatform : public QtPlatform {
   std::string SettingsFile() override { return settings_; }
   bool FirstInstance() override { return true; }
   std::optional<ZoneBias> GetZoneBias() override { return std::nullopt; }
-  std::optional<std::string> ChooseFile(const FileQuestion& /*question*/) override { return std::nullopt; }
+  std::optional<std::string> ChooseFile(const FileQuestion& question) override {
+    if (!question.saving) return std::nullopt;
+    return UserFolder + "/visual.txt";
+  }
+  void SetComputerClock(Date /*utc*/, const ClockAnswered& answered) override { answered({}); }
   MessageAnswer ShowMessage(MessageKind /*kind*/, const std::string& /*caption*/, const std::string& text,
                             MessageButtons buttons) override {
     std::cout << "    the program tells: " << text << "\n";
@@ -92,6 +102,31 @@ QWidget* OpenMap(MDIForm1& window, const char* command, QSize size) {
   Settle();
   tmrCentrale_Timer();
   return map != nullptr ? map->parentWidget() : nullptr;
+}
+
+/// The download window with an answer of a server on loopback, a second after it began.
+QWidget* Download(MDIForm1& window, const QByteArray& answer, bool closes) {
+  QTcpServer server;
+  server.listen(QHostAddress::LocalHost);
+  QObject::connect(&server, &QTcpServer::newConnection, [&] {
+    QTcpSocket* const socket = server.nextPendingConnection();
+    socket->setParent(&window);
+    socket->write(answer);
+    if (closes) socket->disconnectFromHost();
+  });
+  // the window of the stop before has ended, but is deleted only now
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  std::ofstream(UserFolder + "/visual.txt") << "the file of last week\n";
+  window.RunCommand("mnuStrumentiDownload");
+  auto* const form = window.findChild<QWidget*>(QStringLiteral("frmDownload"));
+  auto* const entry = Control<QComboBox>(form, "cmbFileRemoto");
+  entry->setEditText(QStringLiteral("127.0.0.1:%1/NORAD/elements/visual.txt").arg(server.serverPort()));
+  Control<QAbstractButton>(form, "cmdOK")->click();
+  entry->setEditText(QStringLiteral("celestrak.org/NORAD/elements/visual.txt"));
+  QElapsedTimer clock;
+  for (clock.start(); clock.elapsed() < 1500;)
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+  return form;
 }
 
 std::vector<Stop> Stops(MDIForm1& window) {
@@ -159,6 +194,15 @@ std::vector<Stop> Stops(MDIForm1& window) {
          Settle();
          return child("frmDetails");
        }},
+      {"frmPreview", "Its pages, before they are printed",
+       [=, &window] {
+         QStringList rows;
+         const QAbstractItemModel* const model = Control<RowList>(child("frmDetails"), "List1")->model();
+         for (int row = 0; row < model->rowCount(); ++row) rows << model->index(row, 0).data().toString();
+         ThePrinter().setPageOrientation(QPageLayout::Landscape);
+         return dialog(new frmPreview(&window, ThePrinter(), child("frmDetails")->windowTitle(),
+                                      [rows](QPrinter& printer) { return PrintRows(printer, rows); }));
+       }},
       {"frmChannel", "The radio channels of a satellite", [=] { return dialog(new frmChannel(1, 0)); }},
       {"frmTime", "The clocks, and a simulation that waits for its start",
        [=, &window] {
@@ -187,6 +231,26 @@ std::vector<Stop> Stops(MDIForm1& window) {
        [&window] {
          Control<QAbstractButton>(&window, "cmdModifica")->click();
          return window.findChild<QWidget*>(QStringLiteral("frmAddLocation"));
+       }},
+      {"frmDownload", "A file of elements comes from a server",
+       [&window] {
+         return Download(window, "HTTP/1.1 200 OK\r\nContent-Length: 34000\r\n\r\n" + QByteArray(14280, '1'),
+                         false);
+       }},
+      {"frmDownload-End",
+       "Nothing is lost when the file has moved: the old one stays, the new address is told",
+       [&window] {
+         return Download(
+             window,
+             "HTTP/1.1 301 Moved Permanently\r\nLocation: "
+             "https://celestrak.org/NORAD/elements/gp.php?GROUP=visual&FORMAT=TLE&from=short-address\r\n"
+             "\r\nmoved",
+             true);
+       }},
+      {"frmSyncro", "The clock is set from a time server",
+       [&window] {
+         window.RunCommand("mnuStrumentiSincronizzazione");
+         return window.findChild<QWidget*>(QStringLiteral("frmSyncro"));
        }},
       {"frmProgress", "Long work shows how far it is, and can be cancelled",
        [] {

@@ -18,6 +18,7 @@
 #include "controls/qtMessage.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mText.h"
+#include "shell/base/qtClock.h"
 #include "shell/base/qtForms.h"
 
 namespace halvorine {
@@ -132,7 +133,7 @@ std::optional<ZoneBias> QtPlatform::GetZoneBias() {
   return ZoneBias{-zone.offsetFromUtc(now) / 60, zone.isDaylightTime(now)};
 }
 
-bool QtPlatform::SetComputerClock(Date /*utc*/) { return false; }
+void QtPlatform::SetComputerClock(Date utc, const ClockAnswered& answered) { SetClock(utc, answered); }
 
 std::string QtPlatform::SettingsFile() {
   return FromQ(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)) + "/settings.txt";

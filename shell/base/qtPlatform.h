@@ -19,7 +19,7 @@ class QtPlatform : public Platform {
   Date ComputerClockUtc() override;
   std::int64_t Milliseconds() override;
   std::optional<ZoneBias> GetZoneBias() override;
-  bool SetComputerClock(Date utc) override;
+  void SetComputerClock(Date utc, const ClockAnswered& answered) override;
   std::string SettingsFile() override;
   bool OpenHelp(const std::string& file, int topic) override;
   bool StartProcess(const std::string& commandLine) override;

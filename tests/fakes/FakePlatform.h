@@ -3,6 +3,7 @@
 
 #include <deque>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -32,6 +33,9 @@ class FakePlatform : public Platform {
   std::vector<std::string> processes;
   std::vector<int> helpTopics;
   Date clockUtc = 0;
+  std::vector<Date> clockOrders;           // what the clock was to be set to; it is never moved
+  std::optional<ClockAnswer> clockAnswer;  // given at once; without one the order waits in clockAsked
+  ClockAnswered clockAsked;
   std::int64_t milliseconds = 0, millisecondsPerLook = 0;
   std::optional<ZoneBias> zone;
   std::string settingsFile;
@@ -79,9 +83,10 @@ class FakePlatform : public Platform {
   Date ComputerClockUtc() override { return clockUtc; }
   std::int64_t Milliseconds() override { return milliseconds += millisecondsPerLook; }
   std::optional<ZoneBias> GetZoneBias() override { return zone; }
-  bool SetComputerClock(Date utc) override {
-    clockUtc = utc;
-    return true;
+  void SetComputerClock(Date utc, const ClockAnswered& answered) override {
+    clockOrders.push_back(utc);
+    clockAsked = answered;
+    if (clockAnswer) answered(*clockAnswer);
   }
   std::string SettingsFile() override { return settingsFile; }
   bool OpenHelp(const std::string& file, int topic) override {

@@ -175,7 +175,9 @@ TEST_F(FirstQuarterTest, EveryCommandDoesWhatItSaysOrIsDisabled) {
                                                     {"mnuSatellitiMotoRelativo", "frmRelative"},
                                                     {"mnuStrumentiCalendario", "frmCalendar"},
                                                     {"mnuOpzioniData", "frmTime"},
-                                                    {"mnuOpzioniLocalita", "frmLocation"}};
+                                                    {"mnuOpzioniLocalita", "frmLocation"},
+                                                    {"mnuStrumentiDownload", "frmDownload"},
+                                                    {"mnuStrumentiSincronizzazione", "frmSyncro"}};
   // these ask with a window of their own that waits, or end the program; other tests drive them
   const QStringList waiting{"mnuOpzioniLingua", "mnuAiutoInformazioni", "mnuFileEsci",
                             "mnuFileImpostaStampante", "mnuFileStampa"};

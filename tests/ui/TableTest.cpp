@@ -25,7 +25,13 @@ namespace {
 
 class TableTest : public RunningProgram {
  protected:
-  TableTest() { Start(3); }
+  TableTest() {
+    for (const int index : {Primary, Secondary}) {
+      DatabaseOf(index).Erase();  // what the test before has read
+      ChangeSortKey(index, SortKey::Name);
+    }
+    Start(3);
+  }
   ~TableTest() override { SetPrinterAnswer({}); }
 
   void Run(const char* command) {
@@ -38,6 +44,8 @@ class TableTest : public RunningProgram {
   Form* Open(const char* command, const char* name) {
     Database_satelliti(folder_.Path("elements/sample.txt"));
     platform_.messages.clear();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // the progress window
+    window_->activateWindow();
     Run(command);
     return Control<Form>(window_.get(), name);
   }
@@ -90,6 +98,7 @@ class TableTest : public RunningProgram {
 
 TEST_F(TableTest, TableIsMadeOfWhatTheDialogSaysAndTheDialogHides) {
   frmCalc* const form = OpenCalc();
+  EXPECT_TRUE(Control<RowList>(form, "lstDatabase", 0)->hasFocus());
   EXPECT_EQ(Control<RowList>(form, "lstDatabase", 0)->RowCount(), 175);
   EXPECT_EQ(Control<RowList>(form, "lstDatabase", 1)->RowCount(), 0);
   EXPECT_EQ(DateOf(Control<QDateTimeEdit>(form, "DTPicker1")->dateTime()), AddSeconds(CurrentDate, 0));
@@ -98,6 +107,7 @@ TEST_F(TableTest, TableIsMadeOfWhatTheDialogSaysAndTheDialogHides) {
   EXPECT_EQ(platform_.messages.back().kind, MessageKind::Information);
   EXPECT_TRUE(form->isVisible());
   ClickRow(form, 0, 1);
+  EXPECT_EQ(Control<QLabel>(form, "lblNorad", 0)->text(), "Norad 20580");
   Choose(form, "cmbDurata", 2);
   Choose(form, "cmbTipoDurata", 1);
   Choose(form, "cmbIntervallo", 29);
@@ -177,9 +187,9 @@ TEST_F(TableTest, TwoSatellitesAreComparedUnlessTheyAreOne) {
 }
 
 TEST_F(TableTest, CommandsNeedADatabaseAndFollowOneThatIsReadAnew) {
-  const std::string none = folder_.Path("none.txt");
   for (const char* const command : {"mnuSatellitiCalcoloEffemeridi", "mnuSatellitiMotoRelativo"}) {
     Run(command);
+    ASSERT_FALSE(platform_.messages.empty());
     EXPECT_EQ(platform_.messages.back().buttons, MessageButtons::OkCancel);
   }
   EXPECT_FALSE(IsFormLoaded("frmCalc") || IsFormLoaded("frmRelative"));
@@ -234,24 +244,24 @@ TEST_F(TableTest, PagesAreLaidSidewaysNumberedAndEndWithThePlace) {
     auto* const preview = qobject_cast<frmPreview*>(QApplication::activeModalWidget());
     ASSERT_NE(preview, nullptr);
     QCoreApplication::processEvents();
-    EXPECT_EQ(Control<QLabel>(preview, "lblPagina")->text(), "1 / 4");
+    EXPECT_EQ(Control<QLabel>(preview, "lblPagina")->text(), "1 / 3");
     QTest::mouseClick(Control<QToolButton>(preview, "cmdSuccessiva"), Qt::LeftButton);
-    EXPECT_EQ(Control<QLabel>(preview, "lblPagina")->text(), "2 / 4");
-    const QString folder = qEnvironmentVariable("HALVORINE_PICTURES");
-    if (!folder.isEmpty()) preview->grab().save(QDir(folder).filePath(QStringLiteral("frmPreview.png")));
+    EXPECT_EQ(Control<QLabel>(preview, "lblPagina")->text(), "2 / 3");
     QTest::mouseClick(Control<QPushButton>(preview, "cmdStampa"), Qt::LeftButton);
   });
   Run("mnuFileStampa");
+  const QString folder = qEnvironmentVariable("HALVORINE_PICTURES");
+  if (!folder.isEmpty()) QFile::copy(path, QDir(folder).filePath(QStringLiteral("relative.pdf")));
   EXPECT_EQ(ThePrinter().pageLayout().orientation(), QPageLayout::Portrait);
   QProcess reader;
   reader.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), path, QStringLiteral("-")});
   if (!reader.waitForFinished()) GTEST_SKIP() << "no pdftotext here";
   const QString text = QString::fromUtf8(reader.readAllStandardOutput());
-  EXPECT_EQ(text.count(QLatin1Char('\f')), 4);
+  EXPECT_EQ(text.count(QLatin1Char('\f')), 3);
   for (const char* const part :
-       {"1 / 4", "4 / 4", "Satellite B : Hst", "Italy: Milano - Times in zone UTC+01:00"})
+       {"1 / 3", "3 / 3", "Satellite B: Hst", "Italy: Milano - Times in zone UTC+01:00"})
     EXPECT_EQ(text.count(QLatin1String(part)), 1) << part;
-  EXPECT_TRUE(text.contains(Rows()[30]));
+  EXPECT_TRUE(text.simplified().contains(Rows()[30].simplified()));
 }
 
 TEST_F(TableTest, PrinterThatFailsIsToldAndACancelIsNot) {
@@ -302,6 +312,8 @@ TEST_F(TableTest, CancelsAndClosedWindowsEndATableAndRestoreTheClock) {
   Load<DetailsCalls>("frmDetails")->Show();
   platform_.onYield = [this] { window_->close(); };
   Options.ConfirmExit = 0;
+  ElementSets[ScratchSlot] = ElementSets[1];
+  ElementSets[RelativeSlot] = ElementSets[2];
   Details()->Genera_relativo(CurrentDate, end, step, ObserverTable);
   EXPECT_FALSE(LongOperation::Running() || CancelRequested);
   EXPECT_EQ(ClockFields.JulianDayNow, now);
