@@ -216,16 +216,12 @@ TEST_F(NightTest, TheFloatingPanelFollowsItsCommandItsBarAndTheTick) {
 }
 
 TEST(KeyedCopy, LeavesOutTheKeyAndNothingElse) {
-  QImage ground(4, 2, QImage::Format_RGB32), source(2, 1, QImage::Format_RGB32);
-  ground.fill(QColor(10, 20, 30));
-  source.setPixelColor(0, 0, QColor(0, 255, 0));
-  source.setPixelColor(1, 0, QColor(1, 255, 0));
-  QPainter painter(&ground);
-  CopiaTrasparente(painter, source, QRect(1, 1, 2, 1), 0x00FF00);
-  painter.end();
-  EXPECT_EQ(ground.pixelColor(1, 1), QColor(10, 20, 30));
-  EXPECT_EQ(ground.pixelColor(2, 1), QColor(1, 255, 0));
-  EXPECT_EQ(ground.pixelColor(2, 0), QColor(10, 20, 30));
+  QImage source(2, 1, QImage::Format_RGB32);
+  source.setPixelColor(0, 0, QColor(10, 255, 30));
+  source.setPixelColor(1, 0, QColor(11, 255, 30));
+  const QImage copy = CopiaTrasparente(source, 30 * 65536 + 255 * 256 + 10);
+  EXPECT_EQ(copy.pixelColor(0, 0).alpha(), 0);
+  EXPECT_EQ(copy.pixelColor(1, 0), QColor(11, 255, 30));
 }
 
 }  // namespace

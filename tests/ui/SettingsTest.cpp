@@ -271,13 +271,9 @@ TEST_F(SettingsTest, OpenWindowsTakeTheOptionsOver) {
   Click("cmdOK");
   for (const char* const off :
        {"mnuWorldmapGriglia", "mnuWorldmapSole", "mnuWorldmapOmbra", "mnuWorldmapTracciatoOrbita",
-        "mnuLocalSkyOggettiPianeti", "mnuLocalSkyProiezStereo", "mnuLocalSkyCoordOrizz",
-        "mnuLocalSkyPaesaggio", "mnuLocalSkyOrientamentoSud", "mnuVisualizzaBarraPulsanti",
-        "mnuVisualizzaBarraStato"})
+        "mnuVisualizzaBarraPulsanti", "mnuVisualizzaBarraStato"})
     EXPECT_FALSE(Item(off)->isChecked()) << off;
-  for (const char* const on : {"mnuWorldmapCoordinateMouse", "mnuWorldmapTerminatore", "mnuLocalSkyGriglia",
-                               "mnuLocalSkyProiezNormale", "mnuLocalSkyCoordEquat",
-                               "mnuLocalSkyOrientamentoEst", "mnuLocalSkyEtichetteSoleLuna"})
+  for (const char* const on : {"mnuWorldmapCoordinateMouse", "mnuWorldmapTerminatore"})
     EXPECT_TRUE(Item(on)->isChecked()) << on;
   EXPECT_EQ(Form("fraSatellitePrincipale")->width(), 0) << "the map's data box";
   EXPECT_EQ(log, CallLog{"frmLocalSky.Genera_mappa"});
