@@ -14,9 +14,13 @@
 #include <limits>
 #include <set>
 
+#include "controls/AnalogClock.h"
+#include "controls/GraphButton.h"
+#include "controls/ProgressBar.h"
 #include "controls/RangeTool.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mLang.h"
+#include "shell/base/mLongOperation.h"
 #include "shell/base/mStore.h"
 #include "shell/mSettings.h"
 #include "shell/mTick.h"
@@ -283,6 +287,55 @@ TEST_F(SettingsTest, OpenWindowsTakeTheOptionsOver) {
   EXPECT_EQ(Panel(1), QStringLiteral("165.50000000@2022 Greenwich"));
 }
 
+/// With everything on that a chart can show, each of its options alone changes the picture, and back.
+TEST_F(SettingsTest, EveryOptionOfAMapOrChartIsSeenAtOnce) {
+  Start(3);
+  for (SkyOptions* const chart : {&Options.Local, &Options.General})
+    chart->Grid = chart->ConstellationLines = chart->ConstellationNames = chart->SunMoonNames = -1;
+  const ProgramOptions before = Options;
+  const struct {
+    const char *command, *form;
+    std::set<int> tabs;
+    std::set<std::string> others, unseen;
+  } windows[] = {
+      {"mnuTerraMappaRettangolare",
+       "frmWorldMap",
+       {2},
+       {"GrigliaMappamondo", "NomeCitta", "Satellite", "Orbita1", "Orbita2"},
+       {"chkWorldMapDatiSatellite", "chkWorldMapCoordinateMouse"}},
+      {"mnuCieloMappaLocale",
+       "frmLocalSky",
+       {3, 4},
+       {"CostellazioniLinee", "CostellazioniNomi", "GrigliaLocale1"},
+       {"cmbLocalSkyCoordinate"}},
+      {"mnuCieloMappaGenerale", "frmGeneralSky", {5}, {"CostellazioniLinee", "GrigliaGenerale"}, {}},
+  };
+  for (const auto& [command, name, tabs, colours, unseen] : windows) {
+    if (!CanLoadForm(name)) continue;
+    Item(command)->trigger();
+    QWidget* const window = Form(name);
+    const auto picture = [window] {
+      QCoreApplication::processEvents();
+      return window->grab().toImage();
+    };
+    const QImage base = picture();
+    for (const OptionCase& option : OptionCases()) {
+      const bool colour =
+          (option.tab == 10 || option.tab == 11) && colours.contains(option.control.substr(13));
+      if ((!tabs.contains(option.tab) && !colour) || unseen.contains(option.control)) continue;
+      Open();
+      GoTo(option);
+      Act(option);
+      Click("cmdOK");
+      EXPECT_NE(picture(), base) << name << " " << option.control;
+      Options = before;
+      ApplyOptions(true);
+      EXPECT_EQ(picture(), base) << name << " " << option.control;
+    }
+    LoadedForm(name)->Unload();
+  }
+}
+
 TEST_F(SettingsTest, TheTerminatorMirrorsTheMenuAndTakesTheNightSideWithIt) {
   Start(2);
   Item("mnuTerraMappaRettangolare")->trigger();
@@ -375,6 +428,13 @@ TEST_F(SettingsTest, RowsAreEditedMovedRemovedAndRestored) {
   EXPECT_EQ(list->Model().rowCount(), 10) << "an empty row can be filled again";
   Click("cmdServerRipristina");
   Click("cmdServerElimina");
+  list->SetRows(std::vector<std::string>(10000, "time.example.org"));
+  list->setCurrentIndex(list->Model().index(9999));
+  Click("cmdServerSu");
+  Click("cmdServerElimina");
+  EXPECT_EQ(list->Rows(20000)[9998], "time.example.org");
+  EXPECT_EQ(list->Rows(20000)[9999], "");
+  Click("cmdServerRipristina");
   Open("mnuOpzioniDownload");
   for (int i = 0; i < 40; ++i) {
     ClickRow(RowsOf("lvwDownload"), 0);
@@ -441,6 +501,22 @@ TEST_F(SettingsTest, AStoreThatCannotBeWrittenIsToldAndTheDialogStays) {
       << "a lost file is whole";
 }
 
+TEST_F(SettingsTest, LongWorkKeepsTheOptionsThatItBeganWith) {
+  Start();
+  const ProgramOptions before = Options;
+  Open();
+  Click("chkConfermaUscita");
+  {
+    const LongOperation work;
+    Click("cmdOK");
+    Item("mnuFileRipristinaImpostazioni")->trigger();
+  }
+  EXPECT_EQ(platform_.messages.size(), 2U);
+  EXPECT_EQ(Options, before);
+  Click("cmdOK");
+  EXPECT_EQ(Options.ConfirmExit, -1) << "nothing of what was chosen is lost";
+}
+
 TEST_F(SettingsTest, TheKeyboardReachesEveryControl) {
   Start();
   Open();
@@ -483,6 +559,45 @@ TEST_F(SettingsTest, TheKeyboardReachesEveryControl) {
   QTest::keyClick(Control<QCheckBox>(form_, "chkConfermaUscita"), Qt::Key_Space);
   QTest::keyClick(Control<QCheckBox>(form_, "chkConfermaUscita"), Qt::Key_Return);
   EXPECT_EQ(Options.ConfirmExit, -1);
+}
+
+TEST(ControlProperties, HaveTheirNamesAndFirstValues) {
+  const struct {
+    QObject* control;
+    const char* name;
+    QVariant first;
+  } rows[] = {
+      {new GraphButton(), "PicturePosition", 1},
+      {new GraphButton(), "PictureWidth", 16},
+      {new GraphButton(), "PictureHeight", 16},
+      {new GraphButton(), "PictureSize", 0},
+      {new GraphButton(), "Enabled", true},
+      {new GraphButton(), "MousePointer", 0},
+      {new GraphButton(), "Caption", QString()},
+      {new ProgressBar(), "Enabled", true},
+      {new ProgressBar(), "Value", 0.0},
+      {new ProgressBar(), "MousePointer", 0},
+      {new RangeTool(), "Min", 0.0},
+      {new RangeTool(), "Max", 100.0},
+      {new RangeTool(), "LowerValue", 25.0},
+      {new RangeTool(), "UpperValue", 75.0},
+      {new RangeTool(), "LowerVisible", true},
+      {new RangeTool(), "UpperVisible", true},
+      {new RangeTool(), "LowerLocked", false},
+      {new RangeTool(), "UpperLocked", false},
+      {new RangeTool(), "BorderStyle", 4},
+      {new AnalogClock(), "Value", 0.0},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(row.control->property(row.name), row.first) << row.name;
+    EXPECT_TRUE(row.control->setProperty(row.name, row.first)) << row.name;
+    delete row.control;
+  }
+  GraphButton button;
+  button.setProperty("ForeColor", QColor(1, 2, 3));
+  button.setProperty("MousePointer", 11);
+  EXPECT_EQ(button.ForeColor(), QColor(1, 2, 3));
+  EXPECT_EQ(button.cursor().shape(), Qt::WaitCursor);
 }
 
 // The range tool by itself: 214 pixels wide, so that a pixel of its way is half a unit of 0 to 100.
