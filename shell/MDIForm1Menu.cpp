@@ -115,6 +115,9 @@ void AddSkyRows(std::vector<Row>& rows, const std::vector<const char*>& checks, 
   }
 }
 
+/// The window that several can stand open of; its popup belongs to the one that opened it last.
+const char* const passChart = "frmSkySat";
+
 /// Passes the items of a popup from a row on to its window; printing has its own way.
 void PassOn(std::vector<Row>& rows, std::size_t first, const char* form) {
   for (std::size_t i = first; i < rows.size(); ++i) {
@@ -181,6 +184,7 @@ void AddGeneralSky(std::vector<Row>& rows) {
 
 void AddPassChart(std::vector<Row>& rows) {
   const char* const menu = "mnuSkySat";
+  const std::size_t first = rows.size();
   rows.push_back(Top(menu));
   AddSkyRows(
       rows,
@@ -201,6 +205,7 @@ void AddPassChart(std::vector<Row>& rows) {
   rows.insert(rows.end(),
               {Later("mnuSkySatMagnitudine", menu), Line(menu), Later("mnuSkySatRidisegnaMappa", menu),
                Later("mnuSkySatStampa", menu), Later("mnuSkySatChiudi", menu)});
+  PassOn(rows, first, passChart);
 }
 
 }  // namespace
@@ -406,13 +411,14 @@ void MDIForm1::MakeMenus() {
 }
 
 void MDIForm1::PopupCommand(const char* form, QAction& item) {
-  if (!IsFormLoaded(form)) {
+  const std::string name = form == std::string_view(passChart) ? AskingPassChart : form;
+  if (!IsFormLoaded(name)) {
     if (item.isCheckable()) item.setChecked(!item.isChecked());
     return;
   }
   // the menu closes before the work starts, and the window may be closed meanwhile
   ThePlatform().Yield();
-  if (auto* const window = halvorine::Loaded<PopupCalls>(form)) window->MenuCommand(FromQ(item.objectName()));
+  if (auto* const window = halvorine::Loaded<PopupCalls>(name)) window->MenuCommand(FromQ(item.objectName()));
 }
 
 void MDIForm1::MakeToolbar() {

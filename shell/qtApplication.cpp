@@ -20,6 +20,8 @@
 #include "shell/frmSettings.h"
 #include "shell/frmTime.h"
 #include "shell/mStart.h"
+#include "sky/frmGeneralSky.h"
+#include "sky/frmSkySat.h"
 
 namespace halvorine {
 
@@ -49,8 +51,10 @@ void RegisterWindows() {
   MakeLoadable<frmCalendar>("frmCalendar");
   MakeLoadable<frmDatabase>("frmDatabase");
   MakeLoadable<frmDetails>("frmDetails");
+  MakeLoadable<frmGeneralSky>("frmGeneralSky");
   MakeLoadable<frmLocation>("frmLocation");
   MakeLoadable<frmProgress>("frmProgress");
+  MakeLoadable<frmSkySat>("frmSkySat");
   MakeLoadable<frmWorldMap>("frmWorldMap");
   MakeLoadable<frmFloating>("frmFloating");
   MakeLoadable<frmSettings>("frmSettings");

@@ -35,6 +35,7 @@
 #include "shell/mStart.h"
 #include "shell/mTick.h"
 #include "shell/qtApplication.h"
+#include "tour/Charts.h"
 
 namespace halvorine {
 namespace {
@@ -289,9 +290,23 @@ std::vector<Stop> Stops(MDIForm1& window) {
          window.RunCommand("mnuVisualizzaBarraDati");
          return window.findChild<QWidget*>(QStringLiteral("frmFloating"));
        }},
+      {"frmGeneralSky", "The whole sphere: stars to magnitude 6, the planets and the Moon",
+       [&window] { return OpenGeneralSky(window, false); }},
+      {"frmGeneralSky-All", "With grid, figures and all names",
+       [&window] { return OpenGeneralSky(window, true); }},
+      {"frmGeneralSky-Zoom", "A part of it, dragged out by the mouse",
+       [&window] { return ZoomGeneralSky(window); }},
+      {"frmSkySat", "A predicted pass among the stars, with its data",
+       [] {
+         if (FormCalls* const sky = LoadedForm("frmGeneralSky")) sky->Unload();
+         return OpenPassChart();
+       }},
+      {"frmSkySat-All", "Another chart of it with grid, figures, names and times",
+       [&window] { return OpenFullPassChart(window); }},
       {"MDIForm1-Night", "Night colours for eyes that are used to the dark",
        [&window]() -> QWidget* {
-         if (FormCalls* const panel = LoadedForm("frmFloating")) panel->Unload();
+         for (const char* const name : {"frmFloating", "frmSkySat1", "frmSkySat2"})
+           if (FormCalls* const form = LoadedForm(name)) form->Unload();
          window.RunCommand("mnuVisualizzaColoriNotte");
          return &window;
        }},

@@ -103,6 +103,9 @@ TEST_F(NetTest, TheRequestIsSentByteForByteAndItsAnswerSaved) {
   EXPECT_TRUE(server.request.starts_with("GET  HTTP/1.1\r\n"));
   Fetch(server.Address("/../" + std::string(1900, 'x')));
   EXPECT_EQ(Saved().size(), 10U);
+  Click("cmdDownload");
+  EXPECT_TRUE(IsFormLoaded("frmSettings")) << "where the list is edited";
+  EXPECT_FALSE(IsFormLoaded("frmDownload"));
 }
 
 TEST_F(NetTest, EveryAnswerEndsInItsState) {
