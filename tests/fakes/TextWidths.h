@@ -14,6 +14,9 @@ namespace halvorine {
 inline void ExpectNothingCut(const QWidget& window, const std::string& language) {
   for (const QWidget* const control : window.findChildren<QWidget*>()) {
     const auto* const label = qobject_cast<const QLabel*>(control);
+    if (label != nullptr && label->wordWrap() && label->isVisible()) {
+      EXPECT_GE(label->height(), label->heightForWidth(label->width())) << language << FromQ(label->text());
+    }
     const auto* const button = qobject_cast<const QAbstractButton*>(control);
     const bool text = (label != nullptr && !label->wordWrap() && !label->text().isEmpty()) ||
                       (button != nullptr && !button->text().isEmpty());
