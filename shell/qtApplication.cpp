@@ -21,6 +21,7 @@
 #include "shell/frmTime.h"
 #include "shell/mStart.h"
 #include "sky/frmGeneralSky.h"
+#include "sky/frmLocalSky.h"
 #include "sky/frmSkySat.h"
 
 namespace halvorine {
@@ -60,6 +61,7 @@ void RegisterWindows() {
   MakeLoadable<frmSettings>("frmSettings");
   MakeLoadable<frmDownload>("frmDownload");
   MakeLoadable<frmSyncro>("frmSyncro");
+  MakeLoadable<frmLocalSky>("frmLocalSky");
 }
 
 }  // namespace halvorine
