@@ -68,7 +68,7 @@ class PassCharts : public testing::Test {
     Genera_mappa(surface, which);
   }
   int First(Kind kind, Colour colour, int from = 0) const {
-    for (std::size_t i = static_cast<std::size_t>(from); i < surface.drawn.size(); ++i)
+    for (auto i = static_cast<std::size_t>(from); i < surface.drawn.size(); ++i)
       if (surface.drawn[i].kind == kind && surface.drawn[i].colour == colour) return static_cast<int>(i);
     return -1;
   }
