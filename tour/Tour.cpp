@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPixmap>
 #include <QTabWidget>
 #include <QTcpServer>
@@ -204,6 +205,21 @@ void ShowLater(double minutes) {
   UpdateSiderealTime(CurrentDate);
 }
 
+/// Draws a box over the lower left quarter of the chart with the mouse.
+void ZoomWithMouse(MDIForm1& window, QWidget* sky) {
+  if (!window.IsChecked("mnuLocalSkyZoom")) window.RunCommand("mnuLocalSkyZoom");
+  auto* const chart = sky->findChild<QWidget*>(QStringLiteral("Picture1"));
+  const QPointF corner(chart->width() * 0.22, chart->height() * 0.42);
+  const QPointF other(chart->width() * 0.66, chart->height() * 0.97);
+  const auto send = [chart](QEvent::Type type, QPointF at) {
+    QMouseEvent event(type, at, chart->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(chart, &event);
+  };
+  send(QEvent::MouseButtonPress, corner);
+  send(QEvent::MouseButtonRelease, other);
+  window.RunCommand("mnuLocalSkyZoom");
+}
+
 std::vector<Stop> Stops(MDIForm1& window) {
   const auto child = [&window](const char* name) {
     auto* const form = window.findChild<QWidget*>(QString::fromLatin1(name));
@@ -397,6 +413,17 @@ std::vector<Stop> Stops(MDIForm1& window) {
        [&window] { return OpenLocalSky(window, DateOf(2022, 6, 15) + 13.0 / 24, false); }},
       {"frmLocalSky-Twilight", "The sky in twilight",
        [&window] { return OpenLocalSky(window, DateOf(2022, 6, 15) + 19.9 / 24, false); }},
+      {"frmLocalSky-Zoom", "A part of the night sky, with all stars and without the landscape",
+       [&window] {
+         QWidget* const sky = OpenLocalSky(window, DateOf(2022, 6, 16) + 0.5 / 24, false);
+         if (sky == nullptr) return sky;
+         for (const char* const item :
+              {"mnuLocalSkyPaesaggio", "mnuLocalSkyProiezNormale", "mnuLocalSkyOrientamentoEst"})
+           window.RunCommand(item);
+         dynamic_cast<StarCountCalls*>(LoadedForm("frmLocalSky"))->SetStarCount(9010);
+         ZoomWithMouse(window, sky);
+         return sky;
+       }},
       {"frmSettings-Filters", "Options: which passes a list keeps",
        [=, &window] {
          window.RunCommand("mnuOpzioniFiltri");
