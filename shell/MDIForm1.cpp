@@ -219,6 +219,7 @@ void MDIForm1::OpenFile() {
 }
 
 void MDIForm1::RestoreSettings() {
+  if (LongOperation::Refused()) return;
   const std::string text =
       LookupText("MDIForm1", "ripristinoopzioni1") + "\n" + LookupText("MDIForm1", "ripristinoopzioni2");
   if (Tell(MessageKind::Question, text, MessageButtons::YesNoDefaultNo) == MessageAnswer::Yes)
