@@ -207,9 +207,12 @@ void LookStyle::DrawToolButton(const QStyleOptionToolButton& button, QPainter* p
   const bool corner = !split && button.features.testFlag(QStyleOptionToolButton::HasMenu);
   if (split)
     DrawArrow(painter, menu, Qt::DownArrow, ArrowColour(button));
-  else if (corner)
-    DrawArrow(painter, QRect(face.right() - 9, face.bottom() - 8, 8, 8), Qt::DownArrow, ArrowColour(button),
-              2);
+  else if (corner) {
+    // beside a text it stands in the middle of the line, in the corner of a picture otherwise
+    const int top = button.icon.isNull() ? face.center().y() - 3 : face.bottom() - 8;
+    DrawArrow(painter, QRect(face.right() - 9, top, 8, 8), Qt::DownArrow, ArrowColour(button),
+              button.icon.isNull() ? 3 : 2);
+  }
 }
 
 void LookStyle::DrawScrollBar(const QStyleOptionSlider& bar, QPainter* painter, const QWidget* widget) const {

@@ -1,5 +1,6 @@
 #include <QImageReader>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 
 #include "controls/qtIcons.h"
@@ -36,6 +37,20 @@ QtPicture QtPicture::Photograph(const QString& path) {
   return picture;
 }
 
+QtPicture QtPicture::Keyed(const QString& path, QRgb key) {
+  QtPicture picture = Photograph(path);
+  if (picture.image_.isNull()) return picture;
+  picture.keyed_ = true;
+  // transparent before any scaling, so that nothing of the key is mixed into the edges
+  picture.image_ = std::move(picture.image_).convertToFormat(QImage::Format_ARGB32);
+  for (int y = 0; y < picture.image_.height(); ++y) {
+    QRgb* const row = reinterpret_cast<QRgb*>(picture.image_.scanLine(y));
+    std::replace(row, row + picture.image_.width(), key | 0xFF000000U, QRgb{0});
+  }
+  picture.image_ = std::move(picture.image_).convertToFormat(QImage::Format_ARGB32_Premultiplied);
+  return picture;
+}
+
 QtPicture QtPicture::Icon(std::function<QPixmap(bool night, double pixelRatio)> load) {
   QtPicture picture;
   picture.image_ = load(false, 1).toImage();
@@ -54,10 +69,20 @@ const QImage& QtPicture::Drawn(QSize devicePixels, bool night) const {
   drawn_.setDevicePixelRatio(1);
   if (drawn_.size() != devicePixels)
     drawn_ = drawn_.scaled(devicePixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-  if (night && !load_) drawn_ = NightMapImage(Dimmed(drawn_, photographDimming));
-  drawn_ =
-      std::move(drawn_).convertToFormat(load_ ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
-  return drawn_;
+  return drawn_ = Coloured(std::move(drawn_), night);
+}
+
+const QImage& QtPicture::Whole(bool night) const {
+  if (drawn_.size() == image_.size() && drawnAtNight_ == night) return drawn_;
+  drawnAtNight_ = night;
+  return drawn_ = Coloured(image_, night);
+}
+
+QImage QtPicture::Coloured(QImage image, bool night) const {
+  if (night && keyed_) image = NightMapImage(image);
+  if (night && !keyed_ && !load_) image = NightMapImage(Dimmed(image, photographDimming));
+  return std::move(image).convertToFormat(load_ || keyed_ ? QImage::Format_ARGB32_Premultiplied
+                                                          : QImage::Format_RGB32);
 }
 
 void TouchedTiles::Resize(QSize size) {

@@ -210,6 +210,11 @@ void MDIForm1::SetChecked(std::string_view item, bool checked) { Item(item)->set
 void MDIForm1::SetEnabled(std::string_view item, bool enabled) { Item(item)->setEnabled(enabled); }
 void MDIForm1::RunCommand(std::string_view item) { Item(item)->trigger(); }
 
+void MDIForm1::SetToolbarPicture(std::string_view key, int number) {
+  if (QAction* const button = toolbar_->findChild<QAction*>(ToQ(key)))
+    button->setIcon(Icon(IconName(number).toLatin1().constData()));
+}
+
 void MDIForm1::PopupMenu(std::string_view menu, int screenX, int screenY) {
   if (QMenu* const popup = menus_.value(ToQ(menu))) popup->popup(QPoint(screenX, screenY));
 }

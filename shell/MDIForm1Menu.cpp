@@ -13,9 +13,9 @@
 
 namespace halvorine {
 
-/// One entry of a menu. With a handler the item runs it; with a form it opens that window. An item with
-/// neither, or whose window cannot be made, is disabled. A name of "-" is a separator, no parent a top or
-/// popup menu.
+/// One entry of a menu. With a handler the item runs it; with a form it opens that window; with a window that
+/// the popup belongs to it is passed on to that one. An item with none of them, or whose window cannot be
+/// made, is disabled. A name of "-" is a separator, no parent a top or popup menu.
 struct MenuTable {
   struct Row {
     const char* name;
@@ -25,6 +25,7 @@ struct MenuTable {
     const char* shortcut = nullptr;
     bool checkable = false;
     bool submenu = false;
+    const char* popupOf = nullptr;
   };
   static const std::vector<Row>& BarRows();
   static const std::vector<Row>& PopupRows();
@@ -104,8 +105,18 @@ void AddSkyRows(std::vector<Row>& rows, const std::vector<const char*>& checks, 
   }
 }
 
+/// Passes the items of a popup from a row on to its window; printing has its own way.
+void PassOn(std::vector<Row>& rows, std::size_t first, const char* form) {
+  for (std::size_t i = first; i < rows.size(); ++i) {
+    const std::string_view name(rows[i].name);
+    const bool prints = name.size() > 6 && name.substr(name.size() - 6) == "Stampa";
+    if (!rows[i].submenu && name != "-" && !prints) rows[i].popupOf = form;
+  }
+}
+
 void AddLocalSky(std::vector<Row>& rows) {
   const char* const menu = "mnuLocalSky";
+  const std::size_t first = rows.size();
   rows.push_back(Top(menu));
   AddSkyRows(
       rows,
@@ -133,10 +144,12 @@ void AddLocalSky(std::vector<Row>& rows) {
              "mnuLocalSkySatellite");
   rows.insert(rows.end(), {Line(menu), Later("mnuLocalSkyRidisegnaMappa", menu),
                            Later("mnuLocalSkyStampa", menu), Later("mnuLocalSkyChiudi", menu)});
+  PassOn(rows, first, "frmLocalSky");
 }
 
 void AddGeneralSky(std::vector<Row>& rows) {
   const char* const menu = "mnuGeneralSky";
+  const std::size_t first = rows.size();
   rows.push_back(Top(menu));
   AddSkyRows(rows, {"mnuGeneralSkyGriglia"}, menu);
   rows.push_back(Sub("mnuGeneralSkyOggetti", menu));
@@ -153,6 +166,7 @@ void AddGeneralSky(std::vector<Row>& rows) {
               {Later("mnuGeneralSkyMagnitudine", menu), Line(menu), LaterCheck("mnuGeneralSkyZoom", menu),
                Later("mnuGeneralSkyRipristina", menu), Line(menu), Later("mnuGeneralSkyRidisegnaMappa", menu),
                Later("mnuGeneralSkyStampa", menu), Later("mnuGeneralSkyChiudi", menu)});
+  PassOn(rows, first, "frmGeneralSky");
 }
 
 void AddPassChart(std::vector<Row>& rows) {
@@ -349,14 +363,17 @@ void MDIForm1::MakeMenus() {
       action->setObjectName(name);
       action->setCheckable(row.checkable);
       if (row.shortcut != nullptr) action->setShortcut(QKeySequence(QString::fromLatin1(row.shortcut)));
-      action->setEnabled(row.handler != nullptr || (row.form != nullptr && CanLoadForm(row.form)));
+      action->setEnabled(row.handler != nullptr || (row.form != nullptr && CanLoadForm(row.form)) ||
+                         (row.popupOf != nullptr && CanLoadForm(row.popupOf)));
       items_.insert(name, action);
       const MenuTable::Row* const target = &row;
-      connect(action, &QAction::triggered, this, [this, target] {
+      connect(action, &QAction::triggered, this, [this, target, action] {
         if (target->handler != nullptr)
           (this->*target->handler)();
         else if (target->form != nullptr)
           OpenForm(target->form);
+        else if (target->popupOf != nullptr)
+          PopupCommand(target->popupOf, *action);
       });
       connect(action, &QAction::changed, this, [this, action] {
         if (QAction* const button = toolbarItems_.value(action->objectName())) {
@@ -366,6 +383,16 @@ void MDIForm1::MakeMenus() {
       });
     }
   }
+}
+
+void MDIForm1::PopupCommand(const char* form, QAction& item) {
+  if (!IsFormLoaded(form)) {
+    if (item.isCheckable()) item.setChecked(!item.isChecked());
+    return;
+  }
+  // the menu closes before the work starts, and the window may be closed meanwhile
+  ThePlatform().Yield();
+  if (auto* const window = halvorine::Loaded<PopupCalls>(form)) window->MenuCommand(FromQ(item.objectName()));
 }
 
 void MDIForm1::MakeToolbar() {

@@ -3,24 +3,13 @@
 // n of them are those down to some magnitude.
 #pragma once
 
-#include <string>
+#include "shell/base/mRecords.h"
 
 namespace halvorine {
 
 constexpr int CatalogueStars = 9010;
 constexpr int FigureLines = 646;
 constexpr int FigureLabels = 89;
-
-/// A star as the file has it; texts come without the blanks behind them.
-struct StarRecord {
-  float RightAscension = 0;   // hours
-  float Declination = 0;      // degrees, north positive
-  double Magnitude = 0;       // visual
-  std::string Spectrum;       // class
-  std::string Letter;         // Bayer's, as a Latin letter of the Symbol font, and an index digit
-  std::string Constellation;  // abbreviation
-  std::string Name;           // proper name; mostly empty
-};
 
 /// Fills StarTable, ConstellationLines and ConstellationLabels from "\stars.bin", "\clines.dat" and
 /// "\cnames.dat"; what a file holds beyond its fixed count is ignored. A file that is missing or too short

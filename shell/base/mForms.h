@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "shell/base/mRecords.h"
 
@@ -37,6 +38,8 @@ class MainFormCalls : public FormCalls {
   virtual void SetEnabled(std::string_view item, bool enabled) = 0;
   /// Runs the command of a menu item by its name, as a click on it would.
   virtual void RunCommand(std::string_view item) = 0;
+  /// Picture of a toolbar button by its key ("Transit"), from the numbered list of icons.
+  virtual void SetToolbarPicture(std::string_view key, int number) = 0;
   /// Opens one of the popup menus (mnuWorldmap, ...) at a place of the screen, in pixels.
   virtual void PopupMenu(std::string_view menu, int screenX, int screenY) = 0;
 };
@@ -67,16 +70,21 @@ class LocalSkyCalls : public FormCalls {
  public:
   virtual void Genera_mappa() = 0;
   virtual void Disegna_satellite_in_cielo(int slot) = 0;
-  /// Gives the button of the transit display its first picture, that of a chart without it.
+  /// Ends the transit display: forgets its track and gives its button the picture of a chart without it.
   virtual void ResetModeButton() = 0;
   virtual void ShowTexts(const LiveTexts& texts) = 0;
   virtual void Azzera_dati() = 0;
+  /// Takes over the options of the chart, whose menu checks have been set: what the window keeps itself (the
+  /// star count), the data box, then a rebuild.
+  virtual void Applica_opzioni() { Genera_mappa(); }
 };
 
 /// frmGeneralSky.
 class GeneralSkyCalls : public FormCalls {
  public:
   virtual void Genera_mappa() = 0;
+  /// Likewise.
+  virtual void Applica_opzioni() { Genera_mappa(); }
 };
 
 /// frmFloating.
@@ -124,6 +132,42 @@ class SatelliteCalls : public FormCalls {
   virtual void ShowSlot(int slot) = 0;
 };
 
+/// frmChannel: the choice of a radio channel for a row of the live panel.
+class ChannelCalls : public FormCalls {
+ public:
+  /// Asks for the channel of a row (from 0) that shows a slot, and comes back when the user has chosen (true;
+  /// the choice then stands in the options) or left. SubscriptFailure for a row or a slot that does not exist.
+  virtual bool Choose(int slot, int panelRow) = 0;
+};
+
+/// frmObject: everything about one object of the sky.
+class ObjectCalls : public FormCalls {
+ public:
+  /// Shows PickedStar (0) or a body of SkyObjectTable (1 to 9), and comes back when the user has closed the
+  /// window. SubscriptFailure for any other number.
+  virtual void ShowObject(int index) = 0;
+};
+
+/// A sky chart whose stars are limited by their count.
+class StarCountCalls {
+ public:
+  virtual ~StarCountCalls() = default;
+  virtual int StarCount() const = 0;
+  /// Takes a count over and draws the chart anew.
+  virtual void SetStarCount(int count) = 0;
+};
+
+/// frmMagnitude: the limiting magnitude of a sky chart.
+class MagnitudeCalls : public FormCalls {
+ public:
+  /// Asks for the limit of the chart that a tag stands for: "locale", "generale", or "anteprima" for the pass
+  /// chart named AskingPassChart. Comes back when the user has closed the window.
+  virtual void ShowFor(std::string_view tag) = 0;
+};
+
+/// Name of the pass chart whose popup menu was opened last; several of them can stand open.
+inline std::string AskingPassChart;
+
 /// frmDetails: tables of fixed-width rows, and the summary of an element file or a database.
 class DetailsCalls : public FormCalls {
  public:
@@ -166,6 +210,14 @@ class ProgressCalls : public FormCalls {
   /// Names another task; the bar goes on.
   virtual void SetTask(const std::string& task) = 0;
   virtual void SetValue(double value) = 0;
+};
+
+/// A window with a popup menu of its own on the main window. An item that has a check mark has flipped it
+/// before the window is told.
+class PopupCalls {
+ public:
+  virtual ~PopupCalls() = default;
+  virtual void MenuCommand(std::string_view item) = 0;
 };
 
 /// A window that can save what it shows. The command Save asks the active child window for it, so that
@@ -212,6 +264,9 @@ void SetFormMaker(const std::string& name, std::function<void()> maker);
 
 /// Whether a maker for that window is known.
 bool CanLoadForm(std::string_view name);
+
+/// Names of the windows that can be loaded, in the order of the alphabet.
+std::vector<std::string> LoadableForms();
 
 /// Asks all windows but the named one whether they may be unloaded; false at the first that stays.
 bool FormsMayUnload(std::string_view except);

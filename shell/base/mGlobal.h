@@ -11,6 +11,7 @@
 namespace halvorine {
 
 inline std::string AppPath;     // folder of the program, without a separator at its end
+inline bool DataIsShared;      // AppPath belongs to the whole system: nothing is ever written there
 inline std::string UserFolder;  // what the program rewrites, where its own folder cannot be written
 inline std::string HelpFile;    // full name of the help file of the language
 
@@ -41,6 +42,7 @@ inline std::vector<std::string> MagnitudeTable;  // standard magnitude by catalo
 inline std::vector<FrequencyRow> FrequencyTable;
 inline Slots<SkyObject, 10> SkyObjectTable;
 inline std::vector<StarRow> StarTable;
+inline StarRecord PickedStar;  // the star that was last picked on a chart
 inline std::vector<ConstellationLine> ConstellationLines;
 inline std::vector<ConstellationLabel> ConstellationLabels;
 

@@ -201,6 +201,17 @@ struct StarRow {
   float Azimuth = 0, Altitude = 0, X = 0, Y = 0;
 };
 
+/// A star as its file has it; texts come without the blanks behind them.
+struct StarRecord {
+  float RightAscension = 0;   // hours
+  float Declination = 0;      // degrees, north positive
+  double Magnitude = 0;       // visual
+  std::string Spectrum;       // class
+  std::string Letter;         // Bayer's, as a Latin letter of the Symbol font, and an index digit
+  std::string Constellation;  // abbreviation
+  std::string Name;           // proper name; mostly empty
+};
+
 /// One segment of a constellation figure, with both of its ends.
 struct ConstellationLine {
   StarRow From, To;

@@ -200,36 +200,5 @@ TEST_F(FirstQuarterTest, EveryCommandDoesWhatItSaysOrIsDisabled) {
   EXPECT_GE(disabled, 40) << "charts, predictions and tables have no windows yet";
 }
 
-/// Labels and buttons of every window against their boxes, in every language.
-TEST_F(FirstQuarterTest, NoWindowCutsATextInAnyLanguage) {
-  SaveRegistryString(settingsApplication, "Generali", "Lingua", "English.ini");
-  Start();
-  for (const std::string& language : InstalledLanguages()) {
-    ChooseLanguage(language);
-    for (const char* const name : {"frmTime", "frmCalendar", "frmLocation", "frmDatabase", "frmProgress"}) {
-      FormCalls* const form = LoadForm(name);
-      ASSERT_NE(form, nullptr) << name;
-      form->Show();
-      QCoreApplication::processEvents();
-      auto* widget = window_->findChild<QWidget*>(QString::fromLatin1(name));
-      for (QWidget* const top : QApplication::topLevelWidgets())
-        if (top->objectName() == QLatin1String(name)) widget = top;
-      ASSERT_NE(widget, nullptr) << name;
-      for (const QWidget* const control : widget->findChildren<QWidget*>()) {
-        const auto* const label = qobject_cast<const QLabel*>(control);
-        const bool text = (label != nullptr && !label->wordWrap() && !label->text().isEmpty()) ||
-                          qobject_cast<const QPushButton*>(control) != nullptr ||
-                          qobject_cast<const QCheckBox*>(control) != nullptr;
-        if (!text || !control->isVisible() || control->objectName().startsWith(QLatin1String("lblPercorso")))
-          continue;
-        EXPECT_GE(control->width(), control->sizeHint().width())
-            << language << " " << name << " " << FromQ(control->objectName());
-      }
-      form->Unload();
-      QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-  }
-}
-
 }  // namespace
 }  // namespace halvorine
