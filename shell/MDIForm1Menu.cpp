@@ -5,6 +5,7 @@
 #include <array>
 #include <optional>
 
+#include "catalogue/mCatalogue.h"
 #include "controls/qtIcons.h"
 #include "shell/MDIForm1.h"
 #include "shell/base/mPlatform.h"
@@ -13,9 +14,10 @@
 
 namespace halvorine {
 
-/// One entry of a menu. With a handler the item runs it; with a form it opens that window; with a window that
-/// the popup belongs to it is passed on to that one. An item with none of them, or whose window cannot be
-/// made, is disabled. A name of "-" is a separator, no parent a top or popup menu.
+/// One entry of a menu. With a handler the item runs it; with a form it opens that window, some only with the
+/// primary database at hand; with a window that the popup belongs to it is passed on to that one. An item with
+/// none of them, or whose window cannot be made, is disabled. A name of "-" is a separator, no parent a top or
+/// popup menu.
 struct MenuTable {
   struct Row {
     const char* name;
@@ -26,6 +28,7 @@ struct MenuTable {
     bool checkable = false;
     bool submenu = false;
     const char* popupOf = nullptr;
+    bool needsDatabase = false;
   };
   static const std::vector<Row>& BarRows();
   static const std::vector<Row>& PopupRows();
@@ -39,6 +42,9 @@ Row Top(const char* name) { return {.name = name, .submenu = true}; }
 Row Sub(const char* name, const char* parent) { return {.name = name, .parent = parent, .submenu = true}; }
 Row Form(const char* name, const char* parent, const char* form, const char* shortcut = nullptr) {
   return {.name = name, .parent = parent, .form = form, .shortcut = shortcut};
+}
+Row FormOverDatabase(const char* name, const char* parent, const char* form) {
+  return {.name = name, .parent = parent, .form = form, .needsDatabase = true};
 }
 Row Later(const char* name, const char* parent) { return {.name = name, .parent = parent}; }
 Row LaterCheck(const char* name, const char* parent) {
@@ -239,8 +245,8 @@ const std::vector<MenuTable::Row>& MenuTable::BarRows() {
       Top("mnuSatelliti"),
       {.name = "mnuSatellitiDatabase", .parent = "mnuSatelliti", .handler = &M::OpenDatabase},
       Form("mnuSatellitiElementiOrbitali", "mnuSatelliti", "frmSatellite"),
-      Form("mnuSatellitiMotoRelativo", "mnuSatelliti", "frmRelative"),
-      Form("mnuSatellitiCalcoloEffemeridi", "mnuSatelliti", "frmCalc"),
+      FormOverDatabase("mnuSatellitiMotoRelativo", "mnuSatelliti", "frmRelative"),
+      FormOverDatabase("mnuSatellitiCalcoloEffemeridi", "mnuSatelliti", "frmCalc"),
       Form("mnuSatellitiPrevisioniPassaggi", "mnuSatelliti", "frmVisibleSatellites"),
       Top("mnuEffemeridi"),
       Form("mnuEffemeridiPianeti", "mnuEffemeridi", "frmPlanets"),
@@ -370,7 +376,7 @@ void MDIForm1::MakeMenus() {
       connect(action, &QAction::triggered, this, [this, target, action] {
         if (target->handler != nullptr)
           (this->*target->handler)();
-        else if (target->form != nullptr)
+        else if (target->form != nullptr && (!target->needsDatabase || DatabaseAtHand()))
           OpenForm(target->form);
         else if (target->popupOf != nullptr)
           PopupCommand(target->popupOf, *action);

@@ -7,7 +7,9 @@
 #include "controls/frmProgress.h"
 #include "controls/qtLook.h"
 #include "maps/frmWorldMap.h"
+#include "prediction/frmCalc.h"
 #include "prediction/frmDetails.h"
+#include "prediction/frmRelative.h"
 #include "shell/base/mPlatform.h"
 #include "shell/base/qtForms.h"
 #include "shell/frmCalendar.h"
@@ -38,6 +40,8 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 
 void RegisterWindows() {
   MakeLoadable<frmTime>("frmTime");
+  MakeLoadable<frmCalc>("frmCalc");
+  MakeLoadable<frmRelative>("frmRelative");
   MakeLoadable<frmCalendar>("frmCalendar");
   MakeLoadable<frmDatabase>("frmDatabase");
   MakeLoadable<frmDetails>("frmDetails");

@@ -16,6 +16,7 @@
 #include "catalogue/frmChannel.h"
 #include "catalogue/frmFile.h"
 #include "catalogue/mCatalogue.h"
+#include "catalogue/qtDatabaseList.h"
 #include "shell/MDIForm1.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mReg.h"
@@ -124,6 +125,38 @@ std::vector<Stop> Stops(MDIForm1& window) {
          auto* const details = Load<DetailsCalls>("frmDetails");
          details->Show();
          details->Leggi(AppPath + "/elements/sample.txt");
+         return child("frmDetails");
+       }},
+      {"frmCalc", "A table of positions is asked for",
+       [=, &window] {
+         window.RunCommand("mnuSatellitiCalcoloEffemeridi");
+         auto* const form = child("frmCalc");
+         Control<RowList>(form, "lstDatabase", 0)->SelectOnly(0);
+         Settle();
+         return form;
+       }},
+      {"frmDetails-Table", "The table of a satellite for the observer",
+       [=] {
+         auto* const form = child("frmCalc");
+         Control<QAbstractButton>(form, "cmdOK")->click();
+         Settle();
+         return child("frmDetails");
+       }},
+      {"frmRelative", "Two satellites to compare",
+       [=, &window] {
+         window.RunCommand("mnuSatellitiMotoRelativo");
+         auto* const form = child("frmRelative");
+         Control<RowList>(form, "lstDatabase", 0)->SelectOnly(0);
+         Control<RowList>(form, "lstDatabase", 1)->SelectOnly(1);
+         Settle();
+         return form;
+       }},
+      {"frmDetails-Relative", "Their relative motion, over the places below them",
+       [=] {
+         auto* const form = child("frmRelative");
+         Control<QAbstractButton>(form, "optLLA")->click();
+         Control<QAbstractButton>(form, "cmdOK")->click();
+         Settle();
          return child("frmDetails");
        }},
       {"frmChannel", "The radio channels of a satellite", [=] { return dialog(new frmChannel(1, 0)); }},

@@ -171,6 +171,8 @@ TEST_F(FirstQuarterTest, EveryCommandDoesWhatItSaysOrIsDisabled) {
   const std::map<std::string, std::string> opens = {{"mnuTerraMappaRettangolare", "frmWorldMap"},
                                                     {"mnuTerraMappaOrtografica", "frmWorldMap"},
                                                     {"mnuSatellitiDatabase", "frmDatabase"},
+                                                    {"mnuSatellitiCalcoloEffemeridi", "frmCalc"},
+                                                    {"mnuSatellitiMotoRelativo", "frmRelative"},
                                                     {"mnuStrumentiCalendario", "frmCalendar"},
                                                     {"mnuOpzioniData", "frmTime"},
                                                     {"mnuOpzioniLocalita", "frmLocation"}};
