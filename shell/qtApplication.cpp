@@ -10,6 +10,7 @@
 #include "prediction/frmCalc.h"
 #include "prediction/frmDetails.h"
 #include "prediction/frmRelative.h"
+#include "prediction/frmVisibleSatellites.h"
 #include "shell/base/mPlatform.h"
 #include "shell/base/qtForms.h"
 #include "shell/frmCalendar.h"
@@ -45,6 +46,7 @@ void RegisterWindows() {
   MakeLoadable<frmCalendar>("frmCalendar");
   MakeLoadable<frmDatabase>("frmDatabase");
   MakeLoadable<frmDetails>("frmDetails");
+  MakeLoadable<frmVisibleSatellites>("frmVisibleSatellites");
   MakeLoadable<frmLocation>("frmLocation");
   MakeLoadable<frmProgress>("frmProgress");
   MakeLoadable<frmWorldMap>("frmWorldMap");

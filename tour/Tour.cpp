@@ -2,9 +2,11 @@
 // opens one window after the other and writes a picture of each, named after it, with a line of text.
 //   tour FOLDER [LANGUAGE]
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <functional>
@@ -159,6 +161,22 @@ std::vector<Stop> Stops(MDIForm1& window) {
          Settle();
          return child("frmDetails");
        }},
+      {"frmVisibleSatellites", "The passes of one night, and the report of the chosen one",
+       [=, &window] {
+         window.RunCommand("mnuSatellitiPrevisioniPassaggi");
+         auto* const form = child("frmVisibleSatellites");
+         Control<QComboBox>(form, "cmbDurata", 0)->setCurrentIndex(6);
+         Control<QAbstractButton>(form, "chkSoloVisibili", 0)->setChecked(true);
+         Control<QAbstractButton>(form, "cmdOK", 0)->click();
+         Settle();
+         return form;
+       }},
+      {"frmVisibleSatellites-Empty", "The other satellites, before they are computed",
+       [=] {
+         auto* const form = child("frmVisibleSatellites");
+         Control<QTabWidget>(form, "SSTab1")->setCurrentIndex(2);
+         return form;
+       }},
       {"frmChannel", "The radio channels of a satellite", [=] { return dialog(new frmChannel(1, 0)); }},
       {"frmTime", "The clocks, and a simulation that waits for its start",
        [=, &window] {
@@ -201,7 +219,8 @@ std::vector<Stop> Stops(MDIForm1& window) {
       {"frmWorldMap-Ortho", "The globe, turned to the principal satellite",
        [&window] {
          if (FormCalls* const progress = LoadedForm("frmProgress")) progress->Unload();
-         for (const char* const name : {"frmDatabase", "frmFile1", "frmDetails", "frmCalendar", "frmTime"})
+         for (const char* const name :
+              {"frmDatabase", "frmFile1", "frmDetails", "frmVisibleSatellites", "frmCalendar", "frmTime"})
            if (FormCalls* const form = LoadedForm(name)) form->Unload();
          return OpenMap(window, "mnuTerraMappaOrtografica", QSize(711, 490));
        }},

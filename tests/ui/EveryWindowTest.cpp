@@ -7,6 +7,7 @@
 #include <map>
 
 #include "controls/qtLook.h"
+#include "prediction/mPassRun.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mLang.h"
 #include "shell/base/mLongOperation.h"
@@ -103,6 +104,7 @@ TEST_F(EveryWindowTest, AllMayBeOpenedUsedAndClosedDuringLongWork) {
       {"a read", [&] { Database_satelliti(sample); }},
       {"a view", [&] { Load<DetailsCalls>("frmDetails")->LeggiDiretto(sample); }},
       {"a summary", [] { Load<DetailsCalls>("frmDetails")->Sommario(0); }},
+      {"a search of passes", [] { RunPasses({.start = CurrentDate, .duration = 12}); }},
   };
   // these wait in a loop of their own, end the program, or leave windows to the desktop
   const QStringList waiting{"mnuOpzioniLingua",        "mnuAiutoInformazioni", "mnuFileEsci",
