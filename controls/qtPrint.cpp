@@ -15,6 +15,7 @@ namespace {
 
 constexpr double margin = 450, twipsPerInch = 1440;
 constexpr double rowPoints = 10, leastPoints = 6;
+constexpr int previewWidth = 860, previewHeight = 700;  // logical pixels; room for all of its toolbar
 
 std::unique_ptr<QPrinter> printer;
 std::function<bool(QPrinter&)> printerAnswer;
@@ -113,6 +114,7 @@ bool PrintRows(QPrinter& target, const QStringList& rows) {
 void PreviewRows(QWidget* parent, const QStringList& rows, const QString& title) {
   QPrintPreviewDialog dialog(&ThePrinter(), parent);
   dialog.setWindowTitle(title);
+  dialog.resize(previewWidth, previewHeight);
   QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
                    [&rows](QPrinter* printed) { PrintRows(*printed, rows); });
   dialog.exec();
