@@ -25,6 +25,7 @@ frmProgress::frmProgress() : QDialog(MainWindow()) {
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   lblTask_ = Named(new QLabel(), "lblTask");
   lblTask_->setWordWrap(true);
+  lblTask_->setMinimumHeight(lblTask_->fontMetrics().height());  // a task may be named later
   bar_ = Named(new ProgressBar(), "ProgressBar1");
   auto* const cancel = Named(new QPushButton(), "cmdCancel");
   cancel->setAutoDefault(false);
@@ -55,11 +56,14 @@ void frmProgress::ReadCaptions() {
 
 void frmProgress::Begin(const std::string& task, double maximum) {
   lblTask_->setText(ToQ(task));
+  bar_->setAccessibleName(lblTask_->text());
   bar_->SetMax(maximum);
   bar_->SetValue(0);
   adjustSize();
   Show();
 }
+
+void frmProgress::SetTask(const std::string& task) { lblTask_->setText(ToQ(task)); }
 
 void frmProgress::SetValue(double value) { bar_->SetValue(value); }
 

@@ -18,6 +18,7 @@ class frmProgress : public QDialog, public ProgressCalls {
 
   /// Shows the window over the main window with a task, the bar at 0 of `maximum`.
   void Begin(const std::string& task, double maximum) override;
+  void SetTask(const std::string& task) override;
   void SetValue(double value) override;
   void Unload() override;
   void Show() override;

@@ -18,6 +18,7 @@ void PromoteSatellite(int slot) {
   SwapActive(1, slot);
   if (MainFormCalls* const main = MainForm())
     main->SetStatusPanel(2, std::string(Trimmed(ElementSets[1].Name)));
+  ShowPrincipalAge();
   // the states do not move with the sets
   for (const int changed : {1, slot})
     DrawQuietly([changed] { ComputeSatelliteState(changed, ClockFields.JulianDayNow); });

@@ -1,7 +1,9 @@
 #include <QImageReader>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 
+#include "controls/mNight.h"
 #include "controls/qtIcons.h"
 #include "maps/qtSurface.h"
 
@@ -24,8 +26,7 @@ QImage Dimmed(const QImage& picture, double opacity) {
 }  // namespace
 
 QColor NightShadeOf(const QColor& colour) {
-  const double v = std::max({1.0 * colour.red(), 0.8 * colour.green(), 0.5 * colour.blue()});
-  return QColor(static_cast<int>(std::lround(255 * std::pow(v / 255, 1.5))), 0, 0, colour.alpha());
+  return {NightLevel(colour.red(), colour.green(), colour.blue()), 0, 0, colour.alpha()};
 }
 
 QtPicture QtPicture::Photograph(const QString& path) {
@@ -33,6 +34,20 @@ QtPicture QtPicture::Photograph(const QString& path) {
   QImageReader reader(path);
   reader.setDecideFormatFromContent(true);  // the files' ending tells no format
   picture.image_ = reader.read();
+  return picture;
+}
+
+QtPicture QtPicture::Keyed(const QString& path, QRgb key) {
+  QtPicture picture = Photograph(path);
+  if (picture.image_.isNull()) return picture;
+  picture.keyed_ = true;
+  // transparent before any scaling, so that nothing of the key is mixed into the edges
+  picture.image_ = std::move(picture.image_).convertToFormat(QImage::Format_ARGB32);
+  for (int y = 0; y < picture.image_.height(); ++y) {
+    QRgb* const row = reinterpret_cast<QRgb*>(picture.image_.scanLine(y));
+    std::replace(row, row + picture.image_.width(), key | 0xFF000000U, QRgb{0});
+  }
+  picture.image_ = std::move(picture.image_).convertToFormat(QImage::Format_ARGB32_Premultiplied);
   return picture;
 }
 
@@ -54,10 +69,20 @@ const QImage& QtPicture::Drawn(QSize devicePixels, bool night) const {
   drawn_.setDevicePixelRatio(1);
   if (drawn_.size() != devicePixels)
     drawn_ = drawn_.scaled(devicePixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-  if (night && !load_) drawn_ = NightMapImage(Dimmed(drawn_, photographDimming));
-  drawn_ =
-      std::move(drawn_).convertToFormat(load_ ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
-  return drawn_;
+  return drawn_ = Coloured(std::move(drawn_), night);
+}
+
+const QImage& QtPicture::Whole(bool night) const {
+  if (drawn_.size() == image_.size() && drawnAtNight_ == night) return drawn_;
+  drawnAtNight_ = night;
+  return drawn_ = Coloured(image_, night);
+}
+
+QImage QtPicture::Coloured(QImage image, bool night) const {
+  if (night && keyed_) image = NightMapImage(image);
+  if (night && !keyed_ && !load_) image = NightMapImage(Dimmed(image, photographDimming));
+  return std::move(image).convertToFormat(load_ || keyed_ ? QImage::Format_ARGB32_Premultiplied
+                                                          : QImage::Format_RGB32);
 }
 
 void TouchedTiles::Resize(QSize size) {

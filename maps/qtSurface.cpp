@@ -18,6 +18,8 @@ constexpr int haloRoom = 1;              // logical pixels around a prepared tex
 constexpr int haloInset = 2;             // logical pixels from the pen to a text with a rim
 constexpr double casingOpacity = 0.43;
 constexpr double axisParallel = 1e-3;  // pixels off the axis
+constexpr double hugeRadius = 1500;    // pixels, from which an ellipse is drawn by its visible part
+constexpr double hugePicture = 3;      // times the surface's area, from which only a part is scaled
 
 QColor ToQColor(Colour colour) {
   const QColor day(colour & 255, (colour >> 8) & 255, (colour >> 16) & 255);
@@ -68,6 +70,7 @@ QPainter& PixmapSurface::OpenPainter(bool smooth) {
   }
   painter_->setRenderHint(QPainter::Antialiasing, smooth);
   painter_->setBrush(Qt::NoBrush);
+  lastDisc_.reset();
   return *painter_;
 }
 
@@ -150,14 +153,49 @@ void PixmapSurface::DeviceEllipse(const DeviceRound& round, const DrawStroke& st
   const double rx = std::max(round.RadiusX / twips, MinimumRadius);
   const double ry = std::max(round.RadiusY / twips, MinimumRadius);
   const QPointF centre = Pixels(round.Centre);
-  QPainter& painter = OpenPainter(true);
   // a filled small disc in its own edge colour needs no edge, which would make it a pixel wider
   const bool disc = fill && *fill == stroke.Ink;
+  if (disc && lastDisc_ && lastDisc_->centre == centre && lastDisc_->colour == *fill && rx <= lastDisc_->rx &&
+      ry <= lastDisc_->ry)
+    return;
+  if (std::max(rx, ry) > hugeRadius) return DrawHugeEllipse(centre, rx, ry, stroke, fill);
+  QPainter& painter = OpenPainter(true);
   painter.setPen(disc ? QPen(Qt::NoPen) : ToQPen(stroke));
   painter.setBrush(fill ? QBrush(ToQColor(*fill)) : QBrush(Qt::NoBrush));
   painter.drawEllipse(centre, rx, ry);
   const double room = stroke.Width + 1;
   Touched(QRectF(centre.x() - rx, centre.y() - ry, 2 * rx, 2 * ry).adjusted(-room, -room, room, room));
+  if (disc) lastDisc_ = PlainDisc{centre, rx, ry, *fill};
+}
+
+// The toolkit's ellipses are curves of a fixed number of pieces, which a zoomed chart shows to be no
+// ellipses, and most of such a figure lies outside: what surrounds the surface is a plain fill.
+void PixmapSurface::DrawHugeEllipse(const QPointF& centre, double rx, double ry, const DrawStroke& stroke,
+                                    std::optional<Colour> fill) {
+  const double room = stroke.Width + 1;
+  const QRectF seen = QRectF(QPointF(0, 0), size_).adjusted(-room, -room, room, room);
+  const auto inside = [&](const QPointF& corner) {
+    return std::hypot((corner.x() - centre.x()) / rx, (corner.y() - centre.y()) / ry) < 1;
+  };
+  QPainter& painter = OpenPainter(true);
+  Touched(seen);
+  if (inside(seen.topLeft()) && inside(seen.topRight()) && inside(seen.bottomLeft()) &&
+      inside(seen.bottomRight())) {
+    if (fill) painter.fillRect(seen, ToQColor(*fill));
+    return;
+  }
+  QPolygonF edge;
+  constexpr int corners = 7200;
+  for (int i = 0; i < corners; ++i) {
+    const double angle = 2 * M_PI * i / corners;
+    edge.append(QPointF(centre.x() + rx * std::cos(angle), centre.y() + ry * std::sin(angle)));
+  }
+  if (!edge.boundingRect().intersects(seen)) return;
+  painter.setClipRect(seen);
+  painter.setPen(fill && *fill == stroke.Ink ? QPen(Qt::NoPen) : ToQPen(stroke));
+  painter.setBrush(fill ? QBrush(ToQColor(*fill)) : QBrush(Qt::NoBrush));
+  painter.drawPolygon(edge);
+  painter.setClipping(false);
 }
 
 void PixmapSurface::DevicePie(const DeviceRound& round, const DrawStroke& stroke,
@@ -255,6 +293,9 @@ void PixmapSurface::DevicePicture(DeviceSpot corner, DeviceSize size, const Draw
   const QtPicture* const held = dynamic_cast<const QtPicture*>(&picture);
   if (Target().isNull() || held == nullptr) return;
   const QPointF place = Pixels(corner) * ratio_;
+  if (size.Width * size.Height > hugePicture * DeviceExtent().Width * DeviceExtent().Height &&
+      std::max(size.Width, size.Height) > std::max(picture.NaturalWidth(), picture.NaturalHeight()))
+    return DrawPart(*held, QRectF(Pixels(corner), QSizeF(size.Width, size.Height) / twips));
   const QSize pixels(static_cast<int>(std::lround(size.Width / twips * ratio_)),
                      static_cast<int>(std::lround(size.Height / twips * ratio_)));
   const QImage& image = held->Drawn(pixels, NightColoursActive);
@@ -264,6 +305,20 @@ void PixmapSurface::DevicePicture(DeviceSpot corner, DeviceSize size, const Draw
   QPainter& painter = OpenPainter(false);
   painter.drawImage(area, image);
   Touched(area);
+}
+
+void PixmapSurface::DrawPart(const QtPicture& picture, const QRectF& area) {
+  const QImage& whole = picture.Whole(NightColoursActive);
+  const QRectF seen = area & QRectF(QPointF(0, 0), size_);
+  if (seen.isEmpty() || whole.isNull()) return;
+  const double across = whole.width() / area.width(), down = whole.height() / area.height();
+  const QRectF part((seen.x() - area.x()) * across, (seen.y() - area.y()) * down, seen.width() * across,
+                    seen.height() * down);
+  QPainter& painter = OpenPainter(false);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.drawImage(seen, whole, part);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
+  Touched(seen);
 }
 
 void PixmapSurface::BeginShade(Colour colour, double opacity) {

@@ -7,7 +7,9 @@
 #include <QImage>
 #include <QPixmap>
 #include <QPolygonF>
+#include <QTimer>
 #include <QWidget>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -29,6 +31,8 @@ class QtPicture : public DrawPicture {
  public:
   QtPicture() = default;
   static QtPicture Photograph(const QString& path);
+  /// A picture file of which one colour is transparent.
+  static QtPicture Keyed(const QString& path, QRgb key);
   static QtPicture Icon(std::function<QPixmap(bool night, double pixelRatio)> load);
 
   bool Empty() const override { return image_.isNull(); }
@@ -37,10 +41,15 @@ class QtPicture : public DrawPicture {
 
   /// The picture in device pixels of the wanted size, in night colours where told. The last one is kept.
   const QImage& Drawn(QSize devicePixels, bool night) const;
+  /// The picture in its natural size, in night colours where told. The last one is kept.
+  const QImage& Whole(bool night) const;
   void ForgetDrawn() const { drawn_ = QImage(); }
 
  private:
+  QImage Coloured(QImage image, bool night) const;
+
   QImage image_;
+  bool keyed_ = false;
   std::function<QPixmap(bool, double)> load_;  // of an icon
   mutable QImage drawn_;
   mutable bool drawnAtNight_ = false;
@@ -105,6 +114,10 @@ class PixmapSurface : public DrawSurface {
   void AddShadeLine(DeviceSpot from, DeviceSpot to);
   void PaintCasing(const QRect& area);
   const QImage& TextImage(std::string_view text, Colour colour);
+  /// Only the part of a picture that lies on the surface, where the whole would be many times larger.
+  void DrawPart(const QtPicture& picture, const QRectF& area);
+  void DrawHugeEllipse(const QPointF& centre, double rx, double ry, const DrawStroke& stroke,
+                       std::optional<Colour> fill);
 
   QSize size_;  // logical pixels
   double ratio_ = 1;
@@ -122,14 +135,29 @@ class PixmapSurface : public DrawSurface {
   bool curving_ = false;
   double casing_ = 0;
   std::vector<CurveLine> curve_;
+
+  /// The last full disc: a smaller one in its colour around the same centre changes nothing.
+  struct PlainDisc {
+    QPointF centre;
+    double rx = 0, ry = 0;
+    Colour colour = Black;
+  };
+  std::optional<PlainDisc> lastDisc_;
 };
 
-/// A drawing box of a window.
+/// A drawing box of a window. Above what is drawn it shows one box or line that follows the mouse.
 class SurfaceWidget : public QWidget {
   Q_OBJECT
  public:
   explicit SurfaceWidget(QWidget* parent = nullptr);
   PixmapSurface& Surface() { return surface_; }
+  /// While the box is resized, shows the last picture stretched and wants a new one only `milliseconds` after
+  /// the last change.
+  void StretchWhileResizing(int milliseconds);
+  /// A rectangle or a line between two places, user units; it replaces the one before.
+  void ShowRubberBox(double x1, double y1, double x2, double y2);
+  void ShowDragLine(double x1, double y1, double x2, double y2);
+  void HideOverlay();
   /// User units of a place in the box, logical pixels.
   double UserXOf(const QPointF& place) const;
   double UserYOf(const QPointF& place) const;
@@ -140,6 +168,10 @@ class SurfaceWidget : public QWidget {
   void mouseMoved(double x, double y);
   void buttonDown(Qt::MouseButton button, double x, double y, QPoint screen);
   void buttonUp(Qt::MouseButton button, double x, double y);
+  /// The wheel has turned, away from the user for positive notches.
+  void wheelTurned(double x, double y, double notches);
+  /// A second click; it is told as buttonDown as well.
+  void doubleClicked(double x, double y);
   /// The keyboard asks for the popup menu; the place is the middle of the box on the screen.
   void menuKey(QPoint screen);
 
@@ -151,9 +183,21 @@ class SurfaceWidget : public QWidget {
   void mouseMoveEvent(QMouseEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
 
  private:
+  enum class Overlay : std::uint8_t { None, Box, Line };
+
+  void TakeSize();
+  QPointF PlaceOf(double x, double y) const;
+  void ShowOverlay(Overlay kind, double x1, double y1, double x2, double y2);
+  void PaintOverlay(QPainter& painter) const;
+
   PixmapSurface surface_;
+  QTimer settled_;  // runs while the box is being resized
+  Overlay overlay_ = Overlay::None;
+  double x1_ = 0, y1_ = 0, x2_ = 0, y2_ = 0;  // of the overlay, user units
 };
 
 }  // namespace halvorine

@@ -26,7 +26,7 @@ void InitSdp4(WorkingElementsRecord& elements, Sdp4Terms& terms) {
 MeanPlace PlaceSdp4(Sdp4Terms& terms, double tsince, WorkingElementsRecord& w) {
   const SecularTerms& s = terms.secular;
   const double t = tsince;
-  const double tsq = Square(t);
+  const double tsq = Finite(Square(t));
   const double tempa = 1 - s.c1 * t;
   const double tempe = s.Bstar * s.c4 * t;
   const double templ = s.t2cof * tsq;

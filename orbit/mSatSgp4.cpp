@@ -158,7 +158,7 @@ MeanPlace PlaceSgp4(const Sgp4Terms& terms, double tsince) {
   const double xnoddf = s.Node0 + s.xnodot * t;
   double omega = omgadf;
   double xmp = xmdf;
-  const double tsq = Square(t);
+  const double tsq = Finite(Square(t));
   const double xnode = xnoddf + s.xnodcf * tsq;
   double tempa = 1 - s.c1 * t;
   double tempe = s.Bstar * s.c4 * t;
@@ -170,7 +170,7 @@ MeanPlace PlaceSgp4(const Sgp4Terms& terms, double tsince) {
     xmp = xmdf + temp;
     omega = omgadf - temp;
     const double tcube = tsq * t;
-    const double tfour = t * tcube;
+    const double tfour = Finite(t * tcube);
     tempa = tempa - terms.d2 * tsq - terms.d3 * tcube - terms.d4 * tfour;
     tempe = tempe + s.Bstar * terms.c5 * (std::sin(xmp) - terms.sinmo);
     templ = templ + terms.t3cof * tcube + tfour * (terms.t4cof + t * terms.t5cof);

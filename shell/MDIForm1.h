@@ -39,9 +39,11 @@ class MDIForm1 : public QMainWindow, public MainFormCalls {
   void SetChecked(std::string_view item, bool checked) override;
   void SetEnabled(std::string_view item, bool enabled) override;
   void RunCommand(std::string_view item) override;
+  void SetToolbarPicture(std::string_view key, int number) override;
   void PopupMenu(std::string_view menu, int screenX, int screenY) override;
 
  protected:
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -57,6 +59,8 @@ class MDIForm1 : public QMainWindow, public MainFormCalls {
   void LoadSatellites();
   QAction* Item(std::string_view name) const;
   void RunRow(const QString& name);
+  /// Tells the window to which a popup menu belongs; without it the item keeps its check mark.
+  void PopupCommand(const char* form, QAction& item);
   void ShowDialog(QDialog& dialog);
   bool AskExit();
   void EndProgram();
@@ -84,6 +88,8 @@ class MDIForm1 : public QMainWindow, public MainFormCalls {
   bool TrySaveSettings();
   void FlipToolbar();
   void FlipStatusBar();
+  void FlipDataPanel();
+  void FlipNightColours();
   void OpenMap(std::string_view kind);
   void OpenRecta() { OpenMap("Recta"); }
   void OpenOrtho() { OpenMap("Ortho"); }

@@ -8,19 +8,27 @@
 #include "astro/frmRiseSet.h"
 #include "catalogue/frmChannel.h"
 #include "catalogue/frmDatabase.h"
+#include "controls/frmFloating.h"
 #include "controls/frmProgress.h"
 #include "controls/qtLook.h"
 #include "maps/frmWorldMap.h"
+#include "net/frmDownload.h"
+#include "net/frmSyncro.h"
+#include "prediction/frmCalc.h"
 #include "prediction/frmDetails.h"
+#include "prediction/frmRelative.h"
 #include "prediction/frmSatellite.h"
 #include "prediction/frmTrack.h"
 #include "shell/base/mPlatform.h"
 #include "shell/base/qtForms.h"
 #include "shell/frmCalendar.h"
 #include "shell/frmLocation.h"
+#include "shell/frmSettings.h"
 #include "shell/frmTime.h"
 #include "shell/mStart.h"
+#include "sky/frmGeneralSky.h"
 #include "sky/frmMagnitude.h"
+#include "sky/frmSkySat.h"
 
 namespace halvorine {
 
@@ -45,11 +53,15 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 
 void RegisterWindows() {
   MakeLoadable<frmTime>("frmTime");
+  MakeLoadable<frmCalc>("frmCalc");
+  MakeLoadable<frmRelative>("frmRelative");
   MakeLoadable<frmCalendar>("frmCalendar");
   MakeLoadable<frmDatabase>("frmDatabase");
   MakeLoadable<frmDetails>("frmDetails");
+  MakeLoadable<frmGeneralSky>("frmGeneralSky");
   MakeLoadable<frmLocation>("frmLocation");
   MakeLoadable<frmProgress>("frmProgress");
+  MakeLoadable<frmSkySat>("frmSkySat");
   MakeLoadable<frmWorldMap>("frmWorldMap");
   MakeLoadable<frmChannel>("frmChannel");
   MakeLoadable<frmMagnitude>("frmMagnitude");
@@ -58,6 +70,10 @@ void RegisterWindows() {
   MakeLoadable<frmRiseSet>("frmRiseSet");
   MakeLoadable<frmSatellite>("frmSatellite");
   MakeLoadable<frmTrack>("frmTrack");
+  MakeLoadable<frmFloating>("frmFloating");
+  MakeLoadable<frmSettings>("frmSettings");
+  MakeLoadable<frmDownload>("frmDownload");
+  MakeLoadable<frmSyncro>("frmSyncro");
 }
 
 }  // namespace halvorine

@@ -2,16 +2,16 @@
 // opens one window after the other and writes a picture of each, named after it, with a line of text.
 //   tour FOLDER [LANGUAGE]
 #include <QAbstractButton>
-#include <QDialog>
+#include <QComboBox>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QLabel>
-#include <QPixmap>
 #include <QTabWidget>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTextStream>
-#include <QTimer>
+#include <fstream>
 #include <functional>
 #include <iostream>
 #include <set>
@@ -22,6 +22,9 @@
 #include "catalogue/frmChannel.h"
 #include "catalogue/frmFile.h"
 #include "catalogue/mCatalogue.h"
+#include "catalogue/qtDatabaseList.h"
+#include "controls/qtPreview.h"
+#include "controls/qtPrint.h"
 #include "orbit/mSat.h"
 #include "shell/MDIForm1.h"
 #include "shell/base/mGlobal.h"
@@ -35,6 +38,7 @@
 #include "shell/mStart.h"
 #include "shell/mTick.h"
 #include "shell/qtApplication.h"
+#include "tour/Charts.h"
 
 namespace halvorine {
 namespace {
@@ -47,7 +51,11 @@ class TourPlatform : public QtPlatform {
   std::string SettingsFile() override { return settings_; }
   bool FirstInstance() override { return true; }
   std::optional<ZoneBias> GetZoneBias() override { return std::nullopt; }
-  std::optional<std::string> ChooseFile(const FileQuestion& /*question*/) override { return std::nullopt; }
+  std::optional<std::string> ChooseFile(const FileQuestion& question) override {
+    if (!question.saving) return std::nullopt;
+    return UserFolder + "/visual.txt";
+  }
+  void SetComputerClock(Date /*utc*/, const ClockAnswered& answered) override { answered({}); }
   MessageAnswer ShowMessage(MessageKind /*kind*/, const std::string& /*caption*/, const std::string& text,
                             MessageButtons buttons) override {
     std::cout << "    the program tells: " << text << "\n";
@@ -102,33 +110,37 @@ QWidget* OpenMap(MDIForm1& window, const char* command, QSize size) {
   return map != nullptr ? map->parentWidget() : nullptr;
 }
 
-/// The picture of a modal window, which `show` opens and waits for, in a label of its own.
-QWidget* WhileOpen(MDIForm1& window, const char* name, const std::function<void()>& show) {
-  QPixmap picture;
-  QTimer look;
-  QObject::connect(&look, &QTimer::timeout, [&] {
-    auto* const form = window.findChild<QDialog*>(QString::fromLatin1(name));
-    if (form == nullptr || !form->isVisible()) return;
-    look.stop();
-    Settle();
-    picture = form->grab();
-    form->close();
-  });
-  look.start(1);
-  show();
-  auto* const shown = new QLabel();
-  shown->setAttribute(Qt::WA_DeleteOnClose);
-  shown->setPixmap(picture);
-  shown->resize(picture.deviceIndependentSize().toSize());
-  return shown;
-}
-
 /// Moves the satellites of the live panel to where they stand some minutes later.
 void ShowLater(double minutes) {
   UpdateSiderealTime(AddSeconds(CurrentDate, minutes * 60));
   for (int slot = 1; slot <= ActiveCount; ++slot) ComputeSatelliteState(slot, ClockFields.JulianDayNow);
   if (auto* const panel = Loaded<RefreshCalls>("frmTrack")) panel->Aggiorna_dati();
   UpdateSiderealTime(CurrentDate);
+}
+
+/// The download window with an answer of a server on loopback, a second after it began.
+QWidget* Download(MDIForm1& window, const QByteArray& answer, bool closes) {
+  QTcpServer server;
+  server.listen(QHostAddress::LocalHost);
+  QObject::connect(&server, &QTcpServer::newConnection, [&] {
+    QTcpSocket* const socket = server.nextPendingConnection();
+    socket->setParent(&window);
+    socket->write(answer);
+    if (closes) socket->disconnectFromHost();
+  });
+  // the window of the stop before has ended, but is deleted only now
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  std::ofstream(UserFolder + "/visual.txt") << "the file of last week\n";
+  window.RunCommand("mnuStrumentiDownload");
+  auto* const form = window.findChild<QWidget*>(QStringLiteral("frmDownload"));
+  auto* const entry = Control<QComboBox>(form, "cmbFileRemoto");
+  entry->setEditText(QStringLiteral("127.0.0.1:%1/NORAD/elements/visual.txt").arg(server.serverPort()));
+  Control<QAbstractButton>(form, "cmdOK")->click();
+  entry->setEditText(QStringLiteral("celestrak.org/NORAD/elements/visual.txt"));
+  QElapsedTimer clock;
+  for (clock.start(); clock.elapsed() < 1500;)
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+  return form;
 }
 
 std::vector<Stop> Stops(MDIForm1& window) {
@@ -140,6 +152,10 @@ std::vector<Stop> Stops(MDIForm1& window) {
     made->setAttribute(Qt::WA_DeleteOnClose);
     made->show();
     return made;
+  };
+  const auto modal = [&window](const char* name) {
+    Settle();
+    return window.findChild<QWidget*>(QString::fromLatin1(name));
   };
   return {
       {"frmLanguage", "The language is chosen at the first start", [=] { return dialog(new frmLanguage()); }},
@@ -163,6 +179,47 @@ std::vector<Stop> Stops(MDIForm1& window) {
          details->Show();
          details->Leggi(AppPath + "/elements/sample.txt");
          return child("frmDetails");
+       }},
+      {"frmCalc", "A table of positions is asked for",
+       [=, &window] {
+         window.RunCommand("mnuSatellitiCalcoloEffemeridi");
+         auto* const form = child("frmCalc");
+         Control<RowList>(form, "lstDatabase", 0)->SelectOnly(0);
+         Settle();
+         return form;
+       }},
+      {"frmDetails-Table", "The table of a satellite for the observer",
+       [=] {
+         auto* const form = child("frmCalc");
+         Control<QAbstractButton>(form, "cmdOK")->click();
+         Settle();
+         return child("frmDetails");
+       }},
+      {"frmRelative", "Two satellites to compare",
+       [=, &window] {
+         window.RunCommand("mnuSatellitiMotoRelativo");
+         auto* const form = child("frmRelative");
+         Control<RowList>(form, "lstDatabase", 0)->SelectOnly(0);
+         Control<RowList>(form, "lstDatabase", 1)->SelectOnly(1);
+         Settle();
+         return form;
+       }},
+      {"frmDetails-Relative", "Their relative motion, over the places below them",
+       [=] {
+         auto* const form = child("frmRelative");
+         Control<QAbstractButton>(form, "optLLA")->click();
+         Control<QAbstractButton>(form, "cmdOK")->click();
+         Settle();
+         return child("frmDetails");
+       }},
+      {"frmPreview", "Its pages, before they are printed",
+       [=, &window] {
+         QStringList rows;
+         const QAbstractItemModel* const model = Control<RowList>(child("frmDetails"), "List1")->model();
+         for (int row = 0; row < model->rowCount(); ++row) rows << model->index(row, 0).data().toString();
+         ThePrinter().setPageOrientation(QPageLayout::Landscape);
+         return dialog(new frmPreview(&window, ThePrinter(), child("frmDetails")->windowTitle(),
+                                      [rows](QPrinter& printer) { return PrintRows(printer, rows); }));
        }},
       {"frmChannel", "The radio channels of a satellite",
        [=] {
@@ -201,7 +258,10 @@ std::vector<Stop> Stops(MDIForm1& window) {
          return child("frmTrack");
        }},
       {"frmSatellite", "Everything about one element set",
-       [=, &window] { return WhileOpen(window, "frmSatellite", [] { ShowSatellite(1); }); }},
+       [=] {
+         ShowSatellite(1);
+         return modal("frmSatellite");
+       }},
       {"frmPlanets", "Planets, Sun and Moon, every second",
        [=, &window] {
          window.RunCommand("mnuEffemeridiPianeti");
@@ -217,10 +277,15 @@ std::vector<Stop> Stops(MDIForm1& window) {
          return child("frmRiseSet");
        }},
       {"frmObject", "A planet that was clicked in the sky",
-       [=, &window] {
-         return WhileOpen(window, "frmObject", [] {
-           if (auto* const object = Load<ObjectCalls>("frmObject")) object->ShowObject(Saturn);
-         });
+       [=] {
+         if (auto* const object = Load<ObjectCalls>("frmObject")) object->ShowObject(Saturn);
+         return modal("frmObject");
+       }},
+      {"frmMagnitude", "How faint the stars of a chart may be",
+       [=] {
+         Load<GeneralSkyCalls>("frmGeneralSky");
+         if (auto* const magnitude = Load<MagnitudeCalls>("frmMagnitude")) magnitude->ShowFor("generale");
+         return modal("frmMagnitude");
        }},
       {"frmLocation", "The observer's place, found by typing a part of its name",
        [=, &window] {
@@ -233,6 +298,26 @@ std::vector<Stop> Stops(MDIForm1& window) {
        [&window] {
          Control<QAbstractButton>(&window, "cmdModifica")->click();
          return window.findChild<QWidget*>(QStringLiteral("frmAddLocation"));
+       }},
+      {"frmDownload", "A file of elements comes from a server",
+       [&window] {
+         return Download(window, "HTTP/1.1 200 OK\r\nContent-Length: 34000\r\n\r\n" + QByteArray(14280, '1'),
+                         false);
+       }},
+      {"frmDownload-End",
+       "Nothing is lost when the file has moved: the old one stays, the new address is told",
+       [&window] {
+         return Download(
+             window,
+             "HTTP/1.1 301 Moved Permanently\r\nLocation: "
+             "https://celestrak.org/NORAD/elements/gp.php?GROUP=visual&FORMAT=TLE&from=short-address\r\n"
+             "\r\nmoved",
+             true);
+       }},
+      {"frmSyncro", "The clock is set from a time server",
+       [&window] {
+         window.RunCommand("mnuStrumentiSincronizzazione");
+         return window.findChild<QWidget*>(QStringLiteral("frmSyncro"));
        }},
       {"frmProgress", "Long work shows how far it is, and can be cancelled",
        [] {
@@ -254,8 +339,49 @@ std::vector<Stop> Stops(MDIForm1& window) {
        }},
       {"frmWorldMap-Recta", "The rectangular map with track, circle, night side and the live values",
        [&window] { return OpenMap(window, "mnuTerraMappaRettangolare", QSize(960, 590)); }},
+      {"frmSettings-Filters", "Options: which passes a list keeps",
+       [=, &window] {
+         window.RunCommand("mnuOpzioniFiltri");
+         Settle();
+         return child("frmSettings");
+       }},
+      {"frmSettings-Colours", "Options: the colours of maps and charts",
+       [=, &window] {
+         window.RunCommand("mnuOpzioniColori");
+         Settle();
+         return child("frmSettings");
+       }},
+      {"frmFloating", "The live values in a window of their own",
+       [&window] {
+         if (FormCalls* const settings = LoadedForm("frmSettings")) settings->Unload();
+         window.RunCommand("mnuVisualizzaBarraDati");
+         return window.findChild<QWidget*>(QStringLiteral("frmFloating"));
+       }},
+      {"frmGeneralSky", "The whole sphere: stars to magnitude 6, the planets and the Moon",
+       [&window] { return OpenGeneralSky(window, false); }},
+      {"frmGeneralSky-All", "With grid, figures and all names",
+       [&window] { return OpenGeneralSky(window, true); }},
+      {"frmGeneralSky-Zoom", "A part of it, dragged out by the mouse",
+       [&window] { return ZoomGeneralSky(window); }},
+      {"frmSkySat", "A predicted pass among the stars, with its data",
+       [] {
+         if (FormCalls* const sky = LoadedForm("frmGeneralSky")) sky->Unload();
+         return OpenPassChart();
+       }},
+      {"frmSkySat-All", "Another chart of it with grid, figures, names and times",
+       [&window] { return OpenFullPassChart(window); }},
+      {"MDIForm1-Night", "Night colours for eyes that are used to the dark",
+       [&window]() -> QWidget* {
+         for (const char* const name : {"frmFloating", "frmSkySat1", "frmSkySat2"})
+           if (FormCalls* const form = LoadedForm(name)) form->Unload();
+         window.RunCommand("mnuVisualizzaColoriNotte");
+         return &window;
+       }},
       {"MDIForm1", "The main window with its menus, toolbar and status bar",
-       [&window]() -> QWidget* { return &window; }},
+       [&window]() -> QWidget* {
+         if (NightColoursActive) window.RunCommand("mnuVisualizzaColoriNotte");
+         return &window;
+       }},
   };
 }
 

@@ -52,7 +52,7 @@ std::string FindProgramFile(std::string_view name) {
 
 std::string WritePathOf(std::string_view name) {
   const std::string plain = PlainName(name);
-  const bool ownFolder = UserFolder.empty() || ::access(AppPath.c_str(), W_OK) == 0;
+  const bool ownFolder = UserFolder.empty() || (!DataIsShared && ::access(AppPath.c_str(), W_OK) == 0);
   const std::string& folder = ownFolder ? AppPath : UserFolder;
   std::string existing = FindIn(folder, plain);
   return existing.empty() ? (fs::path(folder) / plain).string() : existing;

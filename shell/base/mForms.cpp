@@ -17,7 +17,12 @@ struct RegisteredForm {
 };
 
 std::vector<RegisteredForm> forms;  // in the order of loading
-std::map<std::string, std::function<void()>> makers;
+struct FormMaker {
+  std::string name;
+  std::function<void()> make;
+};
+
+std::map<std::string, FormMaker> makers;  // by the name in lower case
 
 }  // namespace
 
@@ -33,7 +38,7 @@ FormCalls* LoadForm(std::string_view name) {
   if (FormCalls* const loaded = LoadedForm(name)) return loaded;
   const auto maker = makers.find(LowerCase(name));
   if (maker == makers.end()) return nullptr;
-  maker->second();
+  maker->second.make();
   return LoadedForm(name);
 }
 
@@ -47,11 +52,17 @@ void UnregisterForm(std::string_view name) {
 }
 
 void SetFormMaker(const std::string& name, std::function<void()> maker) {
-  makers[LowerCase(name)] = std::move(maker);
+  makers[LowerCase(name)] = {name, std::move(maker)};
 }
 
 bool CanLoadForm(std::string_view name) {
   return makers.contains(LowerCase(name)) || LoadedForm(name) != nullptr;
+}
+
+std::vector<std::string> LoadableForms() {
+  std::vector<std::string> names;
+  for (const auto& [key, maker] : makers) names.push_back(maker.name);
+  return names;
 }
 
 bool FormsMayUnload(std::string_view except) {

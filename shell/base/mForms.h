@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "shell/base/mRecords.h"
 
@@ -37,6 +38,8 @@ class MainFormCalls : public FormCalls {
   virtual void SetEnabled(std::string_view item, bool enabled) = 0;
   /// Runs the command of a menu item by its name, as a click on it would.
   virtual void RunCommand(std::string_view item) = 0;
+  /// Picture of a toolbar button by its key ("Transit"), from the numbered list of icons.
+  virtual void SetToolbarPicture(std::string_view key, int number) = 0;
   /// Opens one of the popup menus (mnuWorldmap, ...) at a place of the screen, in pixels.
   virtual void PopupMenu(std::string_view menu, int screenX, int screenY) = 0;
 };
@@ -67,22 +70,36 @@ class LocalSkyCalls : public FormCalls {
  public:
   virtual void Genera_mappa() = 0;
   virtual void Disegna_satellite_in_cielo(int slot) = 0;
-  /// Gives the button of the transit display its first picture, that of a chart without it.
+  /// Ends the transit display: forgets its track and gives its button the picture of a chart without it.
   virtual void ResetModeButton() = 0;
   virtual void ShowTexts(const LiveTexts& texts) = 0;
   virtual void Azzera_dati() = 0;
+  /// Takes over the options of the chart, whose menu checks have been set: what the window keeps itself (the
+  /// star count), the data box, then a rebuild.
+  virtual void Applica_opzioni() { Genera_mappa(); }
 };
 
 /// frmGeneralSky.
 class GeneralSkyCalls : public FormCalls {
  public:
   virtual void Genera_mappa() = 0;
+  /// Likewise.
+  virtual void Applica_opzioni() { Genera_mappa(); }
 };
 
 /// frmFloating.
 class FloatingCalls : public FormCalls {
  public:
   virtual void ShowTexts(const LiveTexts& texts) = 0;
+  /// Shows the panel or hides it; hidden it keeps its place and its opacity.
+  virtual void SetShown(bool shown) = 0;
+};
+
+/// frmSettings.
+class SettingsCalls : public FormCalls {
+ public:
+  /// Shows the window with one of its tabs, from 0.
+  virtual void ShowTab(int tab) = 0;
 };
 
 /// frmTime: real time or simulation, and its labels.
@@ -98,6 +115,13 @@ class TimeCalls : public FormCalls {
 class RefreshCalls : public FormCalls {
  public:
   virtual void Aggiorna_dati() = 0;
+};
+
+/// frmTrack: the live panel.
+class TrackCalls : public RefreshCalls {
+ public:
+  /// Takes over the channel that the options now hold for a row, from 0.
+  virtual void SetChannel(int panelRow) = 0;
 };
 
 /// frmDatabase.
@@ -120,24 +144,22 @@ class DatabaseCalls : public FormCalls {
 /// frmSatellite: everything about one element set.
 class SatelliteCalls : public FormCalls {
  public:
-  /// Shows a slot, an active one or the scratch slot, and comes back when the user has closed the window.
+  /// Shows a slot, an active one or the scratch slot.
   virtual void ShowSlot(int slot) = 0;
 };
 
 /// frmChannel: the choice of a radio channel for a row of the live panel.
 class ChannelCalls : public FormCalls {
  public:
-  /// Asks for the channel of a row (from 0) that shows a slot, and comes back when the user has chosen (true;
-  /// the choice then stands in the options) or left. SubscriptFailure for a row or a slot that does not
-  /// exist.
-  virtual bool Choose(int slot, int panelRow) = 0;
+  /// Asks for the channel of a row (from 0) that shows a slot. The choice goes into the options, and frmTrack
+  /// is told. SubscriptFailure for a row or a slot that does not exist.
+  virtual void Choose(int slot, int panelRow) = 0;
 };
 
 /// frmObject: everything about one object of the sky.
 class ObjectCalls : public FormCalls {
  public:
-  /// Shows PickedStar (0) or a body of SkyObjectTable (1 to 9), and comes back when the user has closed the
-  /// window. SubscriptFailure for any other number.
+  /// Shows PickedStar (0) or a body of SkyObjectTable (1 to 9). SubscriptFailure for any other number.
   virtual void ShowObject(int index) = 0;
 };
 
@@ -154,7 +176,7 @@ class StarCountCalls {
 class MagnitudeCalls : public FormCalls {
  public:
   /// Asks for the limit of the chart that a tag stands for: "locale", "generale", or "anteprima" for the pass
-  /// chart named AskingPassChart. Comes back when the user has closed the window.
+  /// chart named AskingPassChart. The chart takes the choice over.
   virtual void ShowFor(std::string_view tag) = 0;
 };
 
@@ -174,13 +196,51 @@ class DetailsCalls : public FormCalls {
   virtual void BeginRows(const std::string& title) = 0;
   /// Appends a row to List1.
   virtual void AddRow(const std::string& row) = 0;
+  /// Shows rows in List1 that are made when they are looked at, by their number from 0.
+  virtual void ShowRows(const std::string& title, int count, std::function<std::string(int)> row) = 0;
+  /// Shows the table of a slot in the coordinates of a code: 1 the observer's, 2 inertial, 3 latitude,
+  /// longitude and height, 4 right ascension and declination. Dates are the observer's civil ones. A step of
+  /// 0 seconds is chosen by the length of the span and written back. Comes back when the table has ended.
+  virtual void Genera_elenco(int slot, Date start, Date end, double& step, int code) = 0;
+  /// Likewise the table that compares the satellites of slots 201 and 202.
+  virtual void Genera_relativo(Date start, Date end, double step, int code) = 0;
+  /// Whether tables in the observer's coordinates list only what stands above the horizon, from now on.
+  virtual void SetOnlyAboveHorizon(bool on) = 0;
+};
+
+/// A pass as its chart shows it. All of it by value, so that the chart outlives the list it came from. Dates
+/// are civil local ones, to the second.
+struct PassChart {
+  Date rise = 0, culmination = 0, set = 0;
+  Date selected = 0;  // that of the three which is chosen: the moment of the chart
+  std::string riseRow, culminationRow, setRow;
+  ElementSet elements;
+  DatabaseEntry lines;
+};
+
+/// frmSkySat: the sky chart of one pass. Several can stand open; one that shows a pass goes by its name and a
+/// number, so that the plain name always loads a new one.
+class SkySatCalls : public FormCalls {
+ public:
+  /// Shows the chart of a pass, computed on the scratch slot, and brings it to the front.
+  virtual void ShowPass(const PassChart& pass) = 0;
 };
 
 /// frmProgress.
 class ProgressCalls : public FormCalls {
  public:
   virtual void Begin(const std::string& task, double maximum) = 0;
+  /// Names another task; the bar goes on.
+  virtual void SetTask(const std::string& task) = 0;
   virtual void SetValue(double value) = 0;
+};
+
+/// A window with a popup menu of its own on the main window. An item that has a check mark has flipped it
+/// before the window is told.
+class PopupCalls {
+ public:
+  virtual ~PopupCalls() = default;
+  virtual void MenuCommand(std::string_view item) = 0;
 };
 
 /// A window that can save what it shows. The command Save asks the active child window for it, so that
@@ -227,6 +287,9 @@ void SetFormMaker(const std::string& name, std::function<void()> maker);
 
 /// Whether a maker for that window is known.
 bool CanLoadForm(std::string_view name);
+
+/// Names of the windows that can be loaded, in the order of the alphabet.
+std::vector<std::string> LoadableForms();
 
 /// Asks all windows but the named one whether they may be unloaded; false at the first that stays.
 bool FormsMayUnload(std::string_view except);

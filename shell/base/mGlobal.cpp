@@ -32,6 +32,7 @@ void SetTickEnabled(bool on) {
 
 void ResetSharedRecords() {
   AppPath.clear();
+  DataIsShared = false;
   UserFolder.clear();
   HelpFile.clear();
   TickEnabled = SatelliteTickEnabled = CancelRequested = SuppressDecay = NightColoursActive = false;

@@ -49,6 +49,13 @@ void LongOperation::Step(double value) {
   ThePlatform().Yield();
 }
 
+void LongOperation::ShowTask(const std::string& task, double value) const {
+  ProgressCalls* const window = progress_ ? ProgressWindow() : nullptr;
+  if (window == nullptr) return;
+  window->SetTask(task);
+  window->SetValue(value);
+}
+
 void LongOperation::CloseProgress() {
   if (!std::exchange(progress_, false)) return;
   if (ProgressCalls* const window = ProgressWindow()) window->Unload();

@@ -32,6 +32,8 @@ class LongOperation {
   void ShowProgress(const std::string& task, double maximum);
   /// To be called once per item: about every 40 ms it shows the value and lets events run.
   void Step(double value);
+  /// Shows a task and a value at once; for work that yields by a clock of its own.
+  void ShowTask(const std::string& task, double value) const;
   void CloseProgress();
 
  private:

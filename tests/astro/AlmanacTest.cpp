@@ -116,13 +116,14 @@ TEST_F(AlmanacTest, EightPhasesAreLitOnTheirSideByTheirShare) {
     EXPECT_EQ(halves[0].colour, row.right ? White : Black) << "the right half comes first";
     EXPECT_EQ(halves[1].colour, row.right ? Black : White);
     const std::vector<Primitive> rounds = surface.Of(Primitive::Kind::Ellipse);
-    ASSERT_EQ(rounds.size(), 3U) << "disc, terminator, rim";
-    const Primitive& ellipse = rounds[1];
-    EXPECT_NEAR(ellipse.y2, 1000, 1e-9);
+    const bool quarter = std::fmod(row.phase, 180) == 90;
+    ASSERT_EQ(rounds.size(), quarter ? 2U : 3U) << "disc, terminator, rim";
+    if (quarter) continue;
+    EXPECT_NEAR(rounds[1].y2, 1000, 1e-9);
+    EXPECT_EQ(rounds[1].colour, row.ellipse);
     // half of the disc, less or more half of the ellipse, is the lit part
-    const double share = 0.5 + (ellipse.colour == White ? 0.5 : -0.5) * ellipse.x2 / 1000;
+    const double share = 0.5 + (row.ellipse == White ? 0.5 : -0.5) * rounds[1].x2 / 1000;
     EXPECT_NEAR(share, MoonLitPart(row.phase), 1e-6);
-    EXPECT_TRUE(ellipse.x2 < 1 || ellipse.colour == row.ellipse);
   }
 }
 

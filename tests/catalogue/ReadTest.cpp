@@ -28,6 +28,7 @@ class LoggingDatabase : public DatabaseCalls {
 
 class LoggingProgress : public ProgressCalls {
  public:
+  void SetTask(const std::string& /*task*/) override {}
   explicit LoggingProgress(std::vector<std::string>& log) : log_(log) { RegisterForm("frmProgress", this); }
   void Unload() override {
     UnregisterForm("frmProgress");

@@ -20,6 +20,7 @@ class FakeMainForm : public MainFormCalls {
   };
   std::map<std::string, bool, std::less<>> checks, enabled;
   std::map<int, std::string> panels;
+  std::map<std::string, int, std::less<>> pictures;
   std::vector<std::string> commands;
   std::vector<Popup> popups;
   bool oldElements = false;
@@ -35,6 +36,7 @@ class FakeMainForm : public MainFormCalls {
   void SetChecked(std::string_view item, bool checked) override { checks[std::string(item)] = checked; }
   void SetEnabled(std::string_view item, bool on) override { enabled[std::string(item)] = on; }
   void RunCommand(std::string_view item) override { commands.emplace_back(item); }
+  void SetToolbarPicture(std::string_view key, int number) override { pictures[std::string(key)] = number; }
   void PopupMenu(std::string_view menu, int screenX, int screenY) override {
     popups.push_back({std::string(menu), screenX, screenY});
   }

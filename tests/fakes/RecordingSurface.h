@@ -18,6 +18,7 @@ struct Primitive {
   std::string text;
   const DrawPicture* picture = nullptr;
   bool filled = false, shaded = false, curve = false;
+  Colour fill = Black;  // of what is filled and round
 };
 
 class RecordingSurface : public DrawSurface {
@@ -83,7 +84,8 @@ class RecordingSurface : public DrawSurface {
 
  private:
   Primitive& Add(Primitive::Kind kind, Colour colour) {
-    Primitive item{kind, Layer(), colour, 0, 0, 0, 0, {}, {}, {}, {}, nullptr, false, shading_, curving_};
+    Primitive item{kind, Layer(), colour, 0,       0,     0,        0,        {},
+                   {},   {},      {},     nullptr, false, shading_, curving_, Black};
     drawn.push_back(item);
     return drawn.back();
   }
@@ -102,6 +104,7 @@ class RecordingSurface : public DrawSurface {
     item.x2 = round.RadiusX;
     item.y2 = round.RadiusY;
     item.filled = fill.has_value();
+    item.fill = fill.value_or(Black);
   }
 
   DeviceSize size_;

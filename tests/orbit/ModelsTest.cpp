@@ -112,7 +112,7 @@ struct FailingElements {
 
 TEST_F(Models, Sgp4FailsWhereItsFormulasDoAndLeavesBothVectorsWhole) {
   using W = WorkingElementsRecord;
-  const std::array<FailingElements, 7> rows{{
+  const std::array<FailingElements, 8> rows{{
       {"c3 divides by the eccentricity", &W::E0, 0.0, 0},
       {"the root of 1 - e^2", &W::E0, 1.5, 0},
       {"no eccentricity left for 1 - e^2", &W::E0, 1.0, 0},
@@ -120,6 +120,7 @@ TEST_F(Models, Sgp4FailsWhereItsFormulasDoAndLeavesBothVectorsWhole) {
       {"no mean motion", &W::N0, 0.0, 0},
       {"a broken power of a negative mean motion", &W::N0, -0.06, 0},
       {"drag lets 1 - e^2 turn negative", &W::Bstar, 1e3, 1e6},
+      {"the square of a time without end", &W::Bstar, 0.0, 1e300},
   }};
   for (const FailingElements& row : rows) {
     Load(issLine1, issLine2);
@@ -146,7 +147,7 @@ TEST_F(Models, ResonantOrbitFailsWhereItsStepsWouldHaveNoEnd) {
        "2 13070  63.4300 120.0000 7100000 270.0000  10.0000  2.00610000    13");
   EXPECT_NO_THROW(PropagateSDP4(5e6));
   const std::array<double, 3> position = PositionKm, velocity = VelocityKmS;
-  for (const double minutes : {1e9, -1e9, 1e18}) {
+  for (const double minutes : {1e9, -1e9, 1e18, 1e300}) {
     EXPECT_THROW(PropagateSDP4(minutes), ArithmeticFailure) << minutes;
     EXPECT_EQ(PositionKm, position);
     EXPECT_EQ(VelocityKmS, velocity);

@@ -6,6 +6,7 @@
 
 #include "shell/base/mFiles.h"
 #include "shell/base/mReg.h"
+#include "shell/mInstallation.h"
 #include "tests/fakes/FakePlatform.h"
 #include "tests/fakes/ProgramFolder.h"
 
@@ -145,6 +146,25 @@ TEST_F(StartTest, ATableThatCannotBeReadEndsTheStart) {
     std::filesystem::remove(path);
     std::filesystem::rename(path + ".away", path);
   }
+}
+
+TEST_F(StartTest, AnInstallationIsInspectedWithoutAQuestion) {
+  EXPECT_EQ(DataFolderOf(AppPath), AppPath);
+  const std::filesystem::path prefix = std::filesystem::path(AppPath).parent_path();
+  std::filesystem::create_directories(prefix / "bin");
+  std::filesystem::create_directories(prefix / "share");
+  std::filesystem::create_directory_symlink(AppPath, prefix / "share" / "halvorine");
+  EXPECT_EQ(DataFolderOf((prefix / "bin").string()), (prefix / "share" / "halvorine").string());
+
+  EXPECT_TRUE(InspectInstallation().whole) << InspectInstallation().text;
+  folder_.Remove("cnames.dat");
+  folder_.Write("frequen.dat", "");
+  const InstallationReport report = InspectInstallation();
+  EXPECT_FALSE(report.whole);
+  for (const char* const fault :
+       {"FAULT file cnames.dat is missing\n", "FAULT stars: ", "FAULT no radio frequencies\n"})
+    EXPECT_NE(report.text.find(fault), std::string::npos) << report.text;
+  EXPECT_TRUE(platform_.messages.empty());
 }
 
 TEST_F(StartTest, TheDaylightCheckStoresOnlyTheSwitchAndOnlyOnYes) {

