@@ -33,7 +33,7 @@ class FillHold {
 void DrawMoon(DrawSurface& surface, double x, double y, double radius, double phaseAngle) {
   const FillHold hold(surface);
   const double phase = ModFloor(phaseAngle, 360);
-  const bool rightIsLit = phase <= 180;
+  const bool rightIsLit = phase < 180;
   const auto fill = [&surface](Colour colour) { return surface.FillColor = colour; };
   surface.FillStyle = FillKind::Solid;
   surface.Circle(x, y, radius, fill(moonGrey));

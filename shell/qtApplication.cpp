@@ -27,6 +27,7 @@
 #include "shell/frmTime.h"
 #include "shell/mStart.h"
 #include "sky/frmGeneralSky.h"
+#include "sky/frmLocalSky.h"
 #include "sky/frmMagnitude.h"
 #include "sky/frmSkySat.h"
 
@@ -63,6 +64,11 @@ void RegisterWindows() {
   MakeLoadable<frmProgress>("frmProgress");
   MakeLoadable<frmSkySat>("frmSkySat");
   MakeLoadable<frmWorldMap>("frmWorldMap");
+  MakeLoadable<frmFloating>("frmFloating");
+  MakeLoadable<frmSettings>("frmSettings");
+  MakeLoadable<frmDownload>("frmDownload");
+  MakeLoadable<frmSyncro>("frmSyncro");
+  MakeLoadable<frmLocalSky>("frmLocalSky");
   MakeLoadable<frmChannel>("frmChannel");
   MakeLoadable<frmMagnitude>("frmMagnitude");
   MakeLoadable<frmObject>("frmObject");
@@ -70,10 +76,6 @@ void RegisterWindows() {
   MakeLoadable<frmRiseSet>("frmRiseSet");
   MakeLoadable<frmSatellite>("frmSatellite");
   MakeLoadable<frmTrack>("frmTrack");
-  MakeLoadable<frmFloating>("frmFloating");
-  MakeLoadable<frmSettings>("frmSettings");
-  MakeLoadable<frmDownload>("frmDownload");
-  MakeLoadable<frmSyncro>("frmSyncro");
 }
 
 }  // namespace halvorine

@@ -15,8 +15,7 @@ namespace {
 
 constexpr int circleStars = 293, brightPoints = 1639;  // the last number of a class
 constexpr Colour brightPoint = Rgb(220, 220, 220), faintPoint = Rgb(140, 140, 140);
-constexpr Colour planetRim = Rgb(200, 200, 200);
-constexpr Colour nameColour = Rgb(180, 180, 180);
+constexpr Colour planetRim = Rgb(214, 218, 232), nameColour = Rgb(180, 180, 180);
 constexpr double smallestStar = 1.15, smallestPlanet = 2.2;  // pixels, radius
 constexpr double rimWidth = 0.8;                             // pixels, around planets
 constexpr double himetricPerTwip = 2540.0 / 1440.0;
@@ -102,9 +101,11 @@ bool Brighter(const BodyMark& a, const BodyMark& b) {
 
 void DrawPlanet(DrawSurface& surface, const BodyMark& mark) {
   surface.FillColor = PlanetColour(mark.Row);
-  surface.DrawWidth = rimWidth;
   surface.MinimumRadius = smallestPlanet;
-  surface.Circle(mark.X, mark.Y, mark.Radius, planetRim);  // some of the colours are as dark as the sky
+  surface.Circle(mark.X, mark.Y, mark.Radius, surface.FillColor);
+  surface.FillStyle = FillKind::Transparent;
+  surface.DrawWidth = rimWidth;
+  surface.Circle(mark.X, mark.Y, mark.Radius, planetRim);
   surface.MinimumRadius = 0;
   surface.DrawWidth = 1;
 }

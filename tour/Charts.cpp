@@ -6,6 +6,7 @@
 
 #include "maps/qtSurface.h"
 #include "shell/MDIForm1.h"
+#include "shell/base/mForms.h"
 #include "shell/base/qtForms.h"
 #include "sky/mSkySat.h"
 #include "tests/fakes/FoundPass.h"

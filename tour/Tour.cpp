@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QMouseEvent>
 #include <QTabWidget>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -43,11 +44,14 @@
 namespace halvorine {
 namespace {
 
+/// The instant of the tour, Universal Time.
+Date tourClock = DateOf(2022, 6, 14) + (20 * 3600 + 8 * 60 + 41) / 86400.0;
+
 /// The computer as the tour wants it: a clock that stands, settings of its own, no question left open.
 class TourPlatform : public QtPlatform {
  public:
   explicit TourPlatform(std::string settings) : settings_(std::move(settings)) {}
-  Date ComputerClockUtc() override { return clock_; }
+  Date ComputerClockUtc() override { return tourClock; }
   std::string SettingsFile() override { return settings_; }
   bool FirstInstance() override { return true; }
   std::optional<ZoneBias> GetZoneBias() override { return std::nullopt; }
@@ -63,7 +67,6 @@ class TourPlatform : public QtPlatform {
   }
 
  private:
-  Date clock_ = DateOf(2022, 6, 14) + (20 * 3600 + 8 * 60 + 41) / 86400.0;
   std::string settings_;
 };
 
@@ -110,14 +113,6 @@ QWidget* OpenMap(MDIForm1& window, const char* command, QSize size) {
   return map != nullptr ? map->parentWidget() : nullptr;
 }
 
-/// Moves the satellites of the live panel to where they stand some minutes later.
-void ShowLater(double minutes) {
-  UpdateSiderealTime(AddSeconds(CurrentDate, minutes * 60));
-  for (int slot = 1; slot <= ActiveCount; ++slot) ComputeSatelliteState(slot, ClockFields.JulianDayNow);
-  if (auto* const panel = Loaded<RefreshCalls>("frmTrack")) panel->Aggiorna_dati();
-  UpdateSiderealTime(CurrentDate);
-}
-
 /// The download window with an answer of a server on loopback, a second after it began.
 QWidget* Download(MDIForm1& window, const QByteArray& answer, bool closes) {
   QTcpServer server;
@@ -141,6 +136,63 @@ QWidget* Download(MDIForm1& window, const QByteArray& answer, bool closes) {
   for (clock.start(); clock.elapsed() < 1500;)
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
   return form;
+}
+
+/// The next instant at which a followed satellite rises well to be seen; it becomes the principal one.
+Date NextSight(Date utc) {
+  for (int step = 0; step < 2000; ++step, utc = AddSeconds(utc, 20)) {
+    UpdateSiderealTime(AddSeconds(utc, ZoneShift() * 3600));
+    for (int slot = 1; slot <= ActiveCount; ++slot) {
+      const SatelliteState& state = SatelliteStates[slot];
+      ComputeSatelliteState(slot, ClockFields.JulianDayNow);
+      if (state.Elevation < 15 || state.RangeRate > -3 || state.Condition != Visible) continue;
+      SwapActive(1, slot);
+      return utc;
+    }
+  }
+  return utc;
+}
+
+/// The local sky at an instant, with figures and names, and the transit where wanted.
+QWidget* OpenLocalSky(MDIForm1& window, Date whenUtc, bool transit) {
+  window.RunCommand("mnuCieloMappaLocale");
+  auto* const sky = window.findChild<QWidget*>(QStringLiteral("frmLocalSky"));
+  if (sky == nullptr) return nullptr;
+  tourClock = AddSeconds(whenUtc, 0);
+  tmrCentrale_Timer();
+  for (const char* const item : {"mnuLocalSkyGriglia", "mnuLocalSkyOggettiCostellazioni",
+                                 "mnuLocalSkyEtichetteCostellazioni", "mnuLocalSkyEtichetteSoleLuna"})
+    if (!window.IsChecked(item)) window.RunCommand(item);
+  if (window.IsChecked("mnuLocalSkyTransitoPrincipale") != transit)
+    window.RunCommand("mnuLocalSkyTransitoPrincipale");
+  sky->parentWidget()->resize(820, 560);
+  Settle();
+  Loaded<LocalSkyCalls>("frmLocalSky")->Genera_mappa();
+  tmrCentrale_Timer();
+  return sky->parentWidget();
+}
+
+/// Moves the satellites of the live panel to where they stand some minutes later.
+void ShowLater(double minutes) {
+  UpdateSiderealTime(AddSeconds(CurrentDate, minutes * 60));
+  for (int slot = 1; slot <= ActiveCount; ++slot) ComputeSatelliteState(slot, ClockFields.JulianDayNow);
+  if (auto* const panel = Loaded<RefreshCalls>("frmTrack")) panel->Aggiorna_dati();
+  UpdateSiderealTime(CurrentDate);
+}
+
+/// Draws a box over the lower left quarter of the chart with the mouse.
+void ZoomWithMouse(MDIForm1& window, QWidget* sky) {
+  if (!window.IsChecked("mnuLocalSkyZoom")) window.RunCommand("mnuLocalSkyZoom");
+  auto* const chart = sky->findChild<QWidget*>(QStringLiteral("Picture1"));
+  const QPointF corner(chart->width() * 0.22, chart->height() * 0.42);
+  const QPointF other(chart->width() * 0.66, chart->height() * 0.97);
+  const auto send = [chart](QEvent::Type type, QPointF at) {
+    QMouseEvent event(type, at, chart->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(chart, &event);
+  };
+  send(QEvent::MouseButtonPress, corner);
+  send(QEvent::MouseButtonRelease, other);
+  window.RunCommand("mnuLocalSkyZoom");
 }
 
 std::vector<Stop> Stops(MDIForm1& window) {
@@ -339,6 +391,26 @@ std::vector<Stop> Stops(MDIForm1& window) {
        }},
       {"frmWorldMap-Recta", "The rectangular map with track, circle, night side and the live values",
        [&window] { return OpenMap(window, "mnuTerraMappaRettangolare", QSize(960, 590)); }},
+      {"frmLocalSky", "The observer's sky with the principal satellite's transit",
+       [&window] {
+         if (FormCalls* const map = LoadedForm("frmWorldMap")) map->Unload();
+         return OpenLocalSky(window, NextSight(DateOf(2022, 6, 14) + 20.5 / 24), true);
+       }},
+      {"frmLocalSky-Day", "The sky by day",
+       [&window] { return OpenLocalSky(window, DateOf(2022, 6, 15) + 13.0 / 24, false); }},
+      {"frmLocalSky-Twilight", "The sky in twilight",
+       [&window] { return OpenLocalSky(window, DateOf(2022, 6, 15) + 19.9 / 24, false); }},
+      {"frmLocalSky-Zoom", "A part of the night sky, with all stars and without the landscape",
+       [&window] {
+         QWidget* const sky = OpenLocalSky(window, DateOf(2022, 6, 16) + 0.5 / 24, false);
+         if (sky == nullptr) return sky;
+         for (const char* const item :
+              {"mnuLocalSkyPaesaggio", "mnuLocalSkyProiezNormale", "mnuLocalSkyOrientamentoEst"})
+           window.RunCommand(item);
+         dynamic_cast<StarCountCalls*>(LoadedForm("frmLocalSky"))->SetStarCount(9010);
+         ZoomWithMouse(window, sky);
+         return sky;
+       }},
       {"frmSettings-Filters", "Options: which passes a list keeps",
        [=, &window] {
          window.RunCommand("mnuOpzioniFiltri");

@@ -2,8 +2,11 @@
 
 #include <QCloseEvent>
 #include <QPointer>
+#include <string>
 
+#include "shell/base/mFailure.h"
 #include "shell/base/mLang.h"
+#include "shell/base/mPlatform.h"
 
 namespace halvorine {
 
@@ -76,12 +79,18 @@ void ChildForm::HideForm() { Frame()->hide(); }
 void ChildForm::UnloadForm() {
   if (unloading_) return;
   unloading_ = true;
-  BeforeUnload();
+  std::string fault;
+  try {
+    BeforeUnload();
+  } catch (const RuntimeFailure& failure) {
+    fault = failure.what();  // a place that cannot be kept must not keep the window
+  }
   UnregisterForm(FromQ(objectName()));
   Frame()->hide();
   if (frame_ != nullptr && WorkArea() != nullptr) WorkArea()->removeSubWindow(frame_);
   // the call may come from one of the window's own handlers, so that the deletion waits for the event loop
   Frame()->deleteLater();
+  if (!fault.empty()) Tell(MessageKind::Warning, LookupText("Dialogs", "nonsalvato") + "\n" + fault);
 }
 
 void ChildForm::Publish(FormCalls* calls) { RegisterForm(FromQ(objectName()), calls); }

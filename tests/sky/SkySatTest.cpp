@@ -67,8 +67,8 @@ class PassCharts : public testing::Test {
     surface.drawn.clear();
     Genera_mappa(surface, which);
   }
-  int First(Kind kind, Colour colour) const {
-    for (std::size_t i = 0; i < surface.drawn.size(); ++i)
+  int First(Kind kind, Colour colour, int from = 0) const {
+    for (auto i = static_cast<std::size_t>(from); i < surface.drawn.size(); ++i)
       if (surface.drawn[i].kind == kind && surface.drawn[i].colour == colour) return static_cast<int>(i);
     return -1;
   }
@@ -166,7 +166,7 @@ TEST_F(PassCharts, LayersComeInTheirOrder) {
   EXPECT_EQ(surface.ScaleWidth(), 200);
   EXPECT_EQ(surface.ScaleHeight(), -200);
   const int star = First(Kind::Point, Rgb(220, 220, 220)), track = First(Kind::Line, Rgb(255, 0, 0));
-  const int dot = First(Kind::Ellipse, Rgb(255, 0, 0)), mark = First(Kind::Line, White);
+  const int dot = First(Kind::Ellipse, Rgb(255, 0, 0), track), mark = First(Kind::Line, White);
   ASSERT_TRUE(star > 0 && track > star && dot > track && mark > dot);
   EXPECT_EQ(surface.Lines(Rgb(255, 0, 0)).size(), view.Sky.Track.Points.size());
   const std::vector<Primitive> pictures_ = surface.Of(Kind::Picture);
