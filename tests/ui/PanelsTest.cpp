@@ -23,6 +23,7 @@ namespace {
 
 class Panels : public RunningProgram {
  protected:
+  Panels() { ApplyNight(false); }
   void Run(const char* command) {
     ASSERT_TRUE(Item(command)->isEnabled()) << command;
     Item(command)->trigger();
