@@ -332,7 +332,7 @@ void frmLocalSky::ShowPicked(double x, double y) {
     Tell(MessageKind::Warning, LookupText("MDIForm1", "erroredb") + "\n" + failure.what());
     return;
   }
-  press_.reset();  // the window stands until the user has closed it
+  press_.reset();  // the window takes the mouse over
   window->ShowObject(pick->Body);
 }
 

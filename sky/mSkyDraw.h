@@ -102,9 +102,6 @@ void LineAboveHorizon(DrawSurface& surface, const StarRow& from, const StarRow& 
 /// circles.
 void DrawStar(DrawSurface& surface, int number, double x, double y, double radius);
 
-/// The Moon's disc at a phase angle in degrees: 0 new, 90 first quarter, 180 full.
-void DrawMoonDisc(DrawSurface& surface, double x, double y, double radius, double phaseDegrees);
-
 /// Colour of a planet's dot, row 1 to 7 of SkyObjectTable.
 Colour PlanetColour(int row);
 

@@ -3,19 +3,15 @@
 //   tour FOLDER [LANGUAGE]
 #include <QAbstractButton>
 #include <QComboBox>
-#include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QLabel>
 #include <QMouseEvent>
-#include <QPixmap>
 #include <QTabWidget>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTextStream>
-#include <QTimer>
 #include <fstream>
 #include <functional>
 #include <iostream>
@@ -176,27 +172,6 @@ QWidget* OpenLocalSky(MDIForm1& window, Date whenUtc, bool transit) {
   return sky->parentWidget();
 }
 
-/// The picture of a modal window, which `show` opens and waits for, in a label of its own.
-QWidget* WhileOpen(MDIForm1& window, const char* name, const std::function<void()>& show) {
-  QPixmap picture;
-  QTimer look;
-  QObject::connect(&look, &QTimer::timeout, [&] {
-    auto* const form = window.findChild<QDialog*>(QString::fromLatin1(name));
-    if (form == nullptr || !form->isVisible()) return;
-    look.stop();
-    Settle();
-    picture = form->grab();
-    form->close();
-  });
-  look.start(1);
-  show();
-  auto* const shown = new QLabel();
-  shown->setAttribute(Qt::WA_DeleteOnClose);
-  shown->setPixmap(picture);
-  shown->resize(picture.deviceIndependentSize().toSize());
-  return shown;
-}
-
 /// Moves the satellites of the live panel to where they stand some minutes later.
 void ShowLater(double minutes) {
   UpdateSiderealTime(AddSeconds(CurrentDate, minutes * 60));
@@ -229,6 +204,10 @@ std::vector<Stop> Stops(MDIForm1& window) {
     made->setAttribute(Qt::WA_DeleteOnClose);
     made->show();
     return made;
+  };
+  const auto modal = [&window](const char* name) {
+    Settle();
+    return window.findChild<QWidget*>(QString::fromLatin1(name));
   };
   return {
       {"frmLanguage", "The language is chosen at the first start", [=] { return dialog(new frmLanguage()); }},
@@ -347,7 +326,10 @@ std::vector<Stop> Stops(MDIForm1& window) {
          return child("frmTrack");
        }},
       {"frmSatellite", "Everything about one element set",
-       [=, &window] { return WhileOpen(window, "frmSatellite", [] { ShowSatellite(1); }); }},
+       [=] {
+         ShowSatellite(1);
+         return modal("frmSatellite");
+       }},
       {"frmPlanets", "Planets, Sun and Moon, every second",
        [=, &window] {
          window.RunCommand("mnuEffemeridiPianeti");
@@ -363,10 +345,15 @@ std::vector<Stop> Stops(MDIForm1& window) {
          return child("frmRiseSet");
        }},
       {"frmObject", "A planet that was clicked in the sky",
-       [=, &window] {
-         return WhileOpen(window, "frmObject", [] {
-           if (auto* const object = Load<ObjectCalls>("frmObject")) object->ShowObject(Saturn);
-         });
+       [=] {
+         if (auto* const object = Load<ObjectCalls>("frmObject")) object->ShowObject(Saturn);
+         return modal("frmObject");
+       }},
+      {"frmMagnitude", "How faint the stars of a chart may be",
+       [=] {
+         Load<GeneralSkyCalls>("frmGeneralSky");
+         if (auto* const magnitude = Load<MagnitudeCalls>("frmMagnitude")) magnitude->ShowFor("generale");
+         return modal("frmMagnitude");
        }},
       {"frmLocation", "The observer's place, found by typing a part of its name",
        [=, &window] {
