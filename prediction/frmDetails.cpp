@@ -10,9 +10,13 @@
 #include "controls/qtIcons.h"
 #include "controls/qtLook.h"
 #include "controls/qtPrint.h"
+#include "prediction/mRelative.h"
+#include "prediction/mReport.h"
+#include "shell/base/mGlobal.h"
 #include "shell/base/mLang.h"
 #include "shell/base/mLongOperation.h"
 #include "shell/base/mPlatform.h"
+#include "shell/base/mText.h"
 
 namespace halvorine {
 
@@ -88,21 +92,30 @@ void TextRows::SetSource(int count, std::function<std::string(int)> source) {
   beginResetModel();
   source_ = std::move(source);
   sourceCount_ = count;
-  // rows of one report differ in width by the names of their months at most
-  constexpr int measured = 200;
-  for (int row = 0; row < std::min(count, measured); ++row) WidenFor(RowAt(row));
+  Measure(0);
   endResetModel();
 }
 
-QString TextRows::RowAt(int row) const {
-  return row < sourceCount_ ? ToQ(source_(row)) : rows_[row - sourceCount_];
+void TextRows::Grow(int count) {
+  if (count <= sourceCount_) return;
+  const int first = sourceCount_;
+  beginInsertRows({}, first, count - 1);
+  sourceCount_ = count;
+  Measure(first);
+  endInsertRows();
 }
 
-QStringList TextRows::Rows() const {
-  QStringList all;
-  for (int row = 0; row < rowCount(); ++row) all.push_back(RowAt(row));
-  return all;
+void TextRows::Measure(int first) {
+  // rows of one report differ in width by the names of their months at most
+  constexpr int measured = 200;
+  for (int row = first; row < std::min(sourceCount_, measured); ++row) WidenFor(RowAt(row));
 }
+
+std::string TextRows::Row(int row) const {
+  return row < sourceCount_ ? source_(row) : FromQ(rows_[row - sourceCount_]);
+}
+
+QString TextRows::RowAt(int row) const { return ToQ(Row(row)); }
 
 void TextRows::Append(const QString& row) {
   const int at = rowCount();
@@ -238,6 +251,8 @@ void frmDetails::ShowSummary(SummaryTable table, const QString& title) {
 
 void frmDetails::BeginRows(const std::string& title) {
   rows_->Clear();
+  table_ = nullptr;
+  placeAndZone_ = PlaceAndZoneLine(Site);
   summary_->SetTable({});
   ListView1_->hide();
   List1_->show();
@@ -252,36 +267,99 @@ void frmDetails::ShowRows(const std::string& title, int count, std::function<std
   List1_->scrollToTop();
 }
 
-QStringList frmDetails::ShownRows() const {
-  if (ListView1_->isHidden()) return rows_->Rows();
-  const SummaryTable& table = summary_->Table();
-  QStringList rows;
-  for (int row = 0; row < table.Count(); ++row) {
-    QStringList cells;
-    for (int column = 0; column < SummaryColumnCount; ++column) cells << ToQ(table.Cell(row, column));
-    rows << cells.join(QLatin1String("  "));
+void frmDetails::Genera_elenco(int slot, Date start, Date end, double& step, int code) {
+  if (LongOperation::Refused()) return;
+  TableRequest request{start, end, step, code, onlyAboveHorizon_};
+  ShowTable(LookupText(section, "effemeridisatellite"), std::string(Trimmed(ElementSets[slot].Name)), start,
+            [&](TextTable& table, const TableGrowth& grown) {
+              const TableOutcome outcome = MakeTable(slot, request, table, grown);
+              step = request.step;
+              return outcome;
+            });
+}
+
+void frmDetails::Genera_relativo(Date start, Date end, double step, int code) {
+  if (LongOperation::Refused()) return;
+  const auto name = [](int slot) { return std::string(Trimmed(ElementSets[slot].Name)); };
+  ShowTable(LookupText(section, "motorelativosatelliti"), name(ScratchSlot) + ", " + name(RelativeSlot),
+            start, [&](TextTable& table, const TableGrowth& grown) {
+              return MakeRelativeTable({start, end, step, code}, table, grown);
+            });
+}
+
+void frmDetails::ShowTable(const std::string& title, const std::string& name, Date start,
+                           const std::function<TableOutcome(TextTable&, const TableGrowth&)>& make) {
+  const auto table = std::make_shared<TextTable>();
+  BeginRows(title);
+  rows_->SetSource(0, [table](int line) { return table->Line(line); });
+  table_ = table;
+  const QPointer<frmDetails> self(this);
+  // a yield may close the window, and then nobody wants the table
+  const auto gone = [&self] { return self == nullptr || Loaded<DetailsCalls>(section) != self.data(); };
+  YieldClock clock;
+  const TableOutcome outcome = make(*table, [&] {
+    if (gone())
+      CancelRequested = true;
+    else if (table->complete || clock.Due())
+      rows_->Grow(table->LineCount());
+  });
+  if (!gone()) setWindowTitle(ToQ(TableTitle(name, start)));
+  if (outcome == TableOutcome::NotComputable) TellNotComputable();
+}
+
+int frmDetails::ShownCount() const { return ShowsSummary() ? summary_->Table().Count() : rows_->rowCount(); }
+
+std::vector<std::string> frmDetails::ShownLines() const {
+  std::vector<std::string> lines;
+  for (int row = 0; row < ShownCount(); ++row) {
+    if (!ShowsSummary()) {
+      lines.push_back(rows_->Row(row));
+      continue;
+    }
+    std::string line;
+    for (int column = 0; column < SummaryColumnCount; ++column)
+      line += (column > 0 ? "  " : "") + summary_->Table().Cell(row, column);
+    lines.push_back(line);
   }
-  return rows;
+  if (!ShowsSummary()) lines.push_back(placeAndZone_);
+  return lines;
+}
+
+std::string frmDetails::ShownAsCsv() const {
+  if (!ShowsSummary()) {
+    if (table_ != nullptr) return CsvOf(*table_, placeAndZone_);
+    std::vector<std::string> lines = ShownLines();
+    lines.pop_back();
+    return CsvOfLines(lines) + TextFile({CsvLine({placeAndZone_})});
+  }
+  std::vector<std::string> lines;
+  for (int row = -1; row < ShownCount(); ++row) {
+    std::vector<std::string> cells;
+    for (int column = 0; column < SummaryColumnCount; ++column)
+      cells.emplace_back(Trimmed(row < 0 ? FromQ(Heading(column)) : summary_->Table().Cell(row, column)));
+    lines.push_back(CsvLine(cells));
+  }
+  return TextFile(lines);
 }
 
 void frmDetails::Salva() {
+  if (ShownCount() == 0) return;
   const QPointer<frmDetails> self(this);
   const std::optional<std::string> path = ThePlatform().ChooseFile(
-      {LookupText("Dialogs", "salvaconnome"), LookupText("Dialogs", "filtrotxt"), {}, true});
+      {LookupText("Dialogs", "salvaconnome"), LookupText("Dialogs", "filtrocsv"), {}, true});
   if (self == nullptr || !path || path->empty()) return;
-  std::string content;
-  for (const QString& row : ShownRows()) content += FromQ(row) + "\r\n";
   try {
-    ThePlatform().WriteFile(*path, content);
+    ThePlatform().WriteFile(*path, IsCsvPath(*path) ? ShownAsCsv() : TextFile(ShownLines()));
   } catch (const RuntimeFailure& failure) {
     TellNotSaved(failure);
   }
 }
 
 void frmDetails::Stampa() {
-  QPrinter& printer = ThePrinter();
-  const QStringList rows = ShownRows();
-  if (AskPrinter(printer, this)) PrintRows(printer, rows);
+  if (ShownCount() == 0) return;
+  QStringList rows;
+  for (const std::string& line : ShownLines()) rows.push_back(ToQ(line));
+  PreviewRows(this, rows, windowTitle());
 }
 
 }  // namespace halvorine

@@ -91,6 +91,15 @@ class GeneralSkyCalls : public FormCalls {
 class FloatingCalls : public FormCalls {
  public:
   virtual void ShowTexts(const LiveTexts& texts) = 0;
+  /// Shows the panel or hides it; hidden it keeps its place and its opacity.
+  virtual void SetShown(bool shown) = 0;
+};
+
+/// frmSettings.
+class SettingsCalls : public FormCalls {
+ public:
+  /// Shows the window with one of its tabs, from 0.
+  virtual void ShowTab(int tab) = 0;
 };
 
 /// frmTime: real time or simulation, and its labels.
@@ -183,6 +192,14 @@ class DetailsCalls : public FormCalls {
   virtual void AddRow(const std::string& row) = 0;
   /// Shows rows in List1 that are made when they are looked at, by their number from 0.
   virtual void ShowRows(const std::string& title, int count, std::function<std::string(int)> row) = 0;
+  /// Shows the table of a slot in the coordinates of a code: 1 the observer's, 2 inertial, 3 latitude,
+  /// longitude and height, 4 right ascension and declination. Dates are the observer's civil ones. A step of
+  /// 0 seconds is chosen by the length of the span and written back. Comes back when the table has ended.
+  virtual void Genera_elenco(int slot, Date start, Date end, double& step, int code) = 0;
+  /// Likewise the table that compares the satellites of slots 201 and 202.
+  virtual void Genera_relativo(Date start, Date end, double step, int code) = 0;
+  /// Whether tables in the observer's coordinates list only what stands above the horizon, from now on.
+  virtual void SetOnlyAboveHorizon(bool on) = 0;
 };
 
 /// A pass as its chart shows it. All of it by value, so that the chart outlives the list it came from. Dates

@@ -86,6 +86,16 @@ class FakeSatellite : public FakeForm<SatelliteCalls> {
   void ShowSlot(int slot) override { Note("ShowSlot " + std::to_string(slot)); }
 };
 
+class FakeMagnitude : public FakeForm<MagnitudeCalls> {
+ public:
+  explicit FakeMagnitude(CallLog& log) : FakeForm("frmMagnitude", log) {}
+  void ShowFor(std::string_view tag) override {
+    Note("ShowFor " + std::string(tag));
+    const std::string chart = tag == "anteprima" ? AskingPassChart : "frmGeneralSky";
+    if (auto* const stars = Loaded<StarCountCalls>(chart)) stars->SetStarCount(23);
+  }
+};
+
 class FakePlanets : public FakeForm<RefreshCalls> {
  public:
   explicit FakePlanets(CallLog& log) : FakeForm("frmPlanets", log) {}

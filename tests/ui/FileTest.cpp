@@ -329,7 +329,8 @@ TEST_F(FileTest, RowsTakeThePlaceOfTheSummaryAndGrowWithTheWidest) {
   EXPECT_GT(list->visualRect(list->model()->index(0, 0)).width(), 1000);
   platform_.chosenFiles = {folder_.Path("rows.txt")};
   form->Salva();
-  EXPECT_EQ(ProgramFolder::Read(folder_.Path("rows.txt")), "one\r\n" + std::string(200, 'x') + "\r\n");
+  EXPECT_EQ(ProgramFolder::Read(folder_.Path("rows.txt")),
+            "one\r\n" + std::string(200, 'x') + "\r\nItaly: Milano - Times in zone UTC+01:00\r\n");
 }
 
 TEST_F(FileTest, ActiveWindowIsPrintedToAFileAndACancelPrintsNothing) {

@@ -140,14 +140,6 @@ TEST_F(MainWindowTest, MapSwitchesOnlyFlipWhileThereIsNoMap) {
   EXPECT_FALSE(IsFormLoaded("frmWorldMap"));
 }
 
-TEST_F(MainWindowTest, CommandsWithoutAWindowAreDisabled) {
-  Start();
-  for (const char* const name : {"mnuFileSalva", "mnuModificaCopia", "mnuLocalSkyStampa"})
-    EXPECT_FALSE(Item(name)->isEnabled()) << name;
-  ClickPanel(1);
-  EXPECT_TRUE(platform_.messages.empty());
-}
-
 TEST_F(MainWindowTest, PanelTwoOpensTheCatalogueAndItsCloseOnlyHides) {
   Start();
   ClickPanel(2);
