@@ -8,10 +8,12 @@
 #include "controls/qtDataBox.h"
 #include "controls/qtIcons.h"
 #include "maps/qtSurface.h"
+#include "orbit/mSatTexts.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mLang.h"
 #include "shell/base/mPlatform.h"
 #include "shell/base/mReg.h"
+#include "sky/mSkyChecks.h"
 #include "sky/mStars.h"
 
 namespace halvorine {
@@ -25,7 +27,7 @@ constexpr int transitOff = 16, transitOn = 17;            // pictures of the too
 const std::string section = "frmLocalSky";
 const std::string settingsSection = "Cielo locale";
 
-/// A check mark of the popup and the option that it follows when the window is loaded.
+/// A check mark of the popup and the switch of the chart that it stands for.
 struct SkyCheck {
   std::string_view item;
   std::int16_t SkyOptions::*option;
@@ -78,11 +80,7 @@ bool CheckIfMember(const std::array<std::string_view, N>& group, std::string_vie
 }
 
 void SetChecksFromOptions() {
-  const SkyOptions& options = Options.Local;
-  for (const SkyCheck& check : skyChecks) SetOn(check.item, options.*check.option != 0);
-  CheckOne(orientations, static_cast<std::size_t>(ProjectionOf(options).Orientation));
-  CheckOne(projections, options.Stereographic != 0 ? 1 : 0);
-  CheckOne(coordinates, options.Altazimuth != 0 ? 1 : 0);
+  if (MainFormCalls* const main = MainForm()) SetLocalSkyChecks(*main, Options.Local);
 }
 
 }  // namespace
@@ -136,6 +134,8 @@ void frmLocalSky::PlaceWindow() {
 
 void frmLocalSky::Show() {
   PlaceWindow();
+  if (ActiveCount > 0 && SatelliteStates[1].Condition != 0)
+    ShowTexts(BuildLiveTexts(SatelliteStates[1], ElementSets[1], Options.RadioChannel[0]));
   ShowForm();
 }
 
@@ -228,7 +228,7 @@ void frmLocalSky::MenuCommand(std::string_view item) {
     if (auto* const window = Load<MagnitudeCalls>("frmMagnitude")) window->ShowFor("locale");
     return;
   }
-  if (item == zoomItem) return EndZoom();
+  if (item == zoomItem) return ZoomSwitched();
   if (item == transitItem) return SwitchTransit();
   if (item == "mnuLocalSkyRipristina") view_.Zoomed = false;
   if (!CheckIfMember(orientations, item) && !CheckIfMember(projections, item))
@@ -236,7 +236,7 @@ void frmLocalSky::MenuCommand(std::string_view item) {
   Genera_mappa();
 }
 
-void frmLocalSky::EndZoom() {
+void frmLocalSky::ZoomSwitched() {
   press_.reset();
   picture1_->HideOverlay();
   picture1_->setCursor(IsOn(zoomItem) ? Qt::CrossCursor : Qt::ArrowCursor);
@@ -289,36 +289,37 @@ void frmLocalSky::Picture1_MouseMove(double x, double y) {
   setWindowTitle(readout.isEmpty() ? title_ : title_ + QStringLiteral(" -  ") + readout);
 }
 
-bool frmLocalSky::IsDrag(double x, double y) const {
+bool frmLocalSky::IsDrag(const Press& press, double x, double y) const {
   const PixmapSurface& surface = picture1_->Surface();
-  const double across = (x - press_->x) / surface.ScaleWidth() * picture1_->width();
-  const double down = (y - press_->y) / surface.ScaleHeight() * picture1_->height();
+  const double across = (x - press.x) / surface.ScaleWidth() * picture1_->width();
+  const double down = (y - press.y) / surface.ScaleHeight() * picture1_->height();
   return std::hypot(across, down) > dragPixels;
 }
 
 void frmLocalSky::Picture1_MouseUp(Qt::MouseButton button, double x, double y) {
   if (button != Qt::LeftButton || !press_) return;
+  const Press press = *press_;
+  press_.reset();
   picture1_->HideOverlay();
   if (IsOn(zoomItem)) {
-    if (IsDrag(x, y)) ZoomTo(x, y);
+    if (IsDrag(press, x, y)) ZoomTo(press, x, y);
   } else if (IsOn(timesItem)) {
-    if (press_->trackPoint) PlaceTimeMark(x, y);
-  } else if (!IsDrag(x, y)) {
+    if (press.trackPoint) PlaceTimeMark(*press.trackPoint, x, y);
+  } else if (!IsDrag(press, x, y)) {
     ShowPicked(x, y);
   }
-  press_.reset();
 }
 
-void frmLocalSky::ZoomTo(double x, double y) {
-  const std::optional<ChartBox> box = ZoomDiscBox(press_->x, press_->y, x, y);
+void frmLocalSky::ZoomTo(const Press& press, double x, double y) {
+  const std::optional<ChartBox> box = ZoomDiscBox(press.x, press.y, x, y);
   if (!box) return;
   view_.Box = *box;
   view_.Zoomed = true;
   Genera_mappa();
 }
 
-void frmLocalSky::PlaceTimeMark(double x, double y) {
-  AddTimeMark(view_.Track, *press_->trackPoint, x, y);
+void frmLocalSky::PlaceTimeMark(int point, double x, double y) {
+  AddTimeMark(view_.Track, point, x, y);
   Genera_mappa();
 }
 

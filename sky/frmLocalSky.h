@@ -53,7 +53,7 @@ class frmLocalSky : public ChildForm, public LocalSkyCalls, public StarCountCall
   void SwitchTransit();
   /// Forgets track and marks; the menus and the toolbar button show it.
   void EndTransit();
-  void EndZoom();
+  void ZoomSwitched();
   PixmapSurface& Surface();
 
   void Picture1_MouseDown(Qt::MouseButton button, double x, double y, QPoint screen);
@@ -64,9 +64,9 @@ class frmLocalSky : public ChildForm, public LocalSkyCalls, public StarCountCall
   void ShowPopup(QPoint screen);
   void ShowPicked(double x, double y);
   /// Whether the mouse has moved far enough from the press to be meant.
-  bool IsDrag(double x, double y) const;
-  void PlaceTimeMark(double x, double y);
-  void ZoomTo(double x, double y);
+  bool IsDrag(const Press& press, double x, double y) const;
+  void PlaceTimeMark(int point, double x, double y);
+  void ZoomTo(const Press& press, double x, double y);
 
   QtSkyPictures pictures_;
   SkyView view_;

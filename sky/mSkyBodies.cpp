@@ -1,7 +1,9 @@
 // Marks that all sky charts share: stars by their class, the Moon's disc, planets, and names that keep clear
 // of one another.
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <utility>
 
 #include "astro/mConv.h"
 #include "astro/mMate.h"

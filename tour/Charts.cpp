@@ -4,10 +4,15 @@
 #include <QElapsedTimer>
 #include <QMouseEvent>
 
+#include "astro/mAstro.h"
+#include "astro/mConv.h"
+#include "catalogue/mCatalogue.h"
 #include "maps/qtSurface.h"
+#include "orbit/mSat.h"
 #include "shell/MDIForm1.h"
 #include "shell/base/mForms.h"
 #include "shell/base/qtForms.h"
+#include "shell/mTick.h"
 #include "sky/mSkySat.h"
 #include "tests/fakes/FoundPass.h"
 
@@ -33,6 +38,51 @@ void Drag(QWidget& widget, QPoint from, QPoint to) {
 }
 
 }  // namespace
+
+Date NextSight(Date utc) {
+  for (int step = 0; step < 2000; ++step, utc = AddSeconds(utc, 20)) {
+    UpdateSiderealTime(AddSeconds(utc, ZoneShift() * 3600));
+    for (int slot = 1; slot <= ActiveCount; ++slot) {
+      const SatelliteState& state = SatelliteStates[slot];
+      ComputeSatelliteState(slot, ClockFields.JulianDayNow);
+      if (state.Elevation < 15 || state.RangeRate > -3 || state.Condition != Visible) continue;
+      SwapActive(1, slot);
+      return utc;
+    }
+  }
+  return utc;
+}
+
+QWidget* OpenLocalSky(MDIForm1& window, bool transit) {
+  window.RunCommand("mnuCieloMappaLocale");
+  auto* const sky = window.findChild<QWidget*>(QStringLiteral("frmLocalSky"));
+  if (sky == nullptr) return nullptr;
+  for (const char* const item : {"mnuLocalSkyGriglia", "mnuLocalSkyOggettiCostellazioni",
+                                 "mnuLocalSkyEtichetteCostellazioni", "mnuLocalSkyEtichetteSoleLuna"})
+    if (!window.IsChecked(item)) window.RunCommand(item);
+  if (window.IsChecked("mnuLocalSkyTransitoPrincipale") != transit)
+    window.RunCommand("mnuLocalSkyTransitoPrincipale");
+  sky->parentWidget()->resize(820, 560);
+  SettleBoxes();
+  Loaded<LocalSkyCalls>("frmLocalSky")->Genera_mappa();
+  tmrCentrale_Timer();
+  return sky->parentWidget();
+}
+
+QWidget* ZoomLocalSky(MDIForm1& window) {
+  QWidget* const frame = OpenLocalSky(window, false);
+  if (frame == nullptr) return nullptr;
+  for (const char* const item :
+       {"mnuLocalSkyPaesaggio", "mnuLocalSkyProiezNormale", "mnuLocalSkyOrientamentoEst", "mnuLocalSkyZoom"})
+    window.RunCommand(item);
+  dynamic_cast<StarCountCalls&>(*LoadedForm("frmLocalSky")).SetStarCount(9010);
+  auto* const picture = Control<QWidget>(frame, "Picture1");
+  Drag(*picture, QPoint(picture->width() * 22 / 100, picture->height() * 42 / 100),
+       QPoint(picture->width() * 66 / 100, picture->height() * 97 / 100));
+  window.RunCommand("mnuLocalSkyZoom");
+  SettleBoxes();
+  return frame;
+}
 
 QWidget* OpenGeneralSky(MDIForm1& window, bool everything) {
   window.RunCommand("mnuCieloMappaGenerale");

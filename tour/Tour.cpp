@@ -18,7 +18,6 @@
 #include <set>
 #include <vector>
 
-#include "astro/mAstro.h"
 #include "astro/mConv.h"
 #include "catalogue/frmChannel.h"
 #include "catalogue/frmFile.h"
@@ -26,7 +25,6 @@
 #include "catalogue/qtDatabaseList.h"
 #include "controls/qtPreview.h"
 #include "controls/qtPrint.h"
-#include "orbit/mSat.h"
 #include "shell/MDIForm1.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mReg.h"
@@ -138,27 +136,9 @@ QWidget* Download(MDIForm1& window, const QByteArray& answer, bool closes) {
   return form;
 }
 
-/// The next instant at which a followed satellite rises well to be seen; it becomes the principal one.
-Date NextSight(Date utc) {
-  for (int step = 0; step < 2000; ++step, utc = AddSeconds(utc, 20)) {
-    UpdateSiderealTime(AddSeconds(utc, ZoneShift() * 3600));
-    for (int slot = 1; slot <= ActiveCount; ++slot) {
-      const SatelliteState& state = SatelliteStates[slot];
-      ComputeSatelliteState(slot, ClockFields.JulianDayNow);
-      if (state.Elevation < 15 || state.RangeRate > -3 || state.Condition != Visible) continue;
-      SwapActive(1, slot);
-      return utc;
-    }
-  }
-  return utc;
-}
-
-/// The local sky at an instant, with figures and names, and the transit where wanted.
-QWidget* OpenLocalSky(MDIForm1& window, Date whenUtc, bool transit) {
-  window.RunCommand("mnuCieloMappaLocale");
-  auto* const sky = window.findChild<QWidget*>(QStringLiteral("frmLocalSky"));
-  if (sky == nullptr) return nullptr;
-  tourClock = AddSeconds(whenUtc, 0);
+/// Sets the computer's clock and lets the program follow it.
+void GoTo(Date utc) {
+  tourClock = AddSeconds(utc, 0);
   tmrCentrale_Timer();
   for (const char* const item : {"mnuLocalSkyGriglia", "mnuLocalSkyOggettiCostellazioni",
                                  "mnuLocalSkyEtichetteCostellazioni", "mnuLocalSkyEtichetteSoleLuna"})
@@ -178,21 +158,6 @@ void ShowLater(double minutes) {
   for (int slot = 1; slot <= ActiveCount; ++slot) ComputeSatelliteState(slot, ClockFields.JulianDayNow);
   if (auto* const panel = Loaded<RefreshCalls>("frmTrack")) panel->Aggiorna_dati();
   UpdateSiderealTime(CurrentDate);
-}
-
-/// Draws a box over the lower left quarter of the chart with the mouse.
-void ZoomWithMouse(MDIForm1& window, QWidget* sky) {
-  if (!window.IsChecked("mnuLocalSkyZoom")) window.RunCommand("mnuLocalSkyZoom");
-  auto* const chart = sky->findChild<QWidget*>(QStringLiteral("Picture1"));
-  const QPointF corner(chart->width() * 0.22, chart->height() * 0.42);
-  const QPointF other(chart->width() * 0.66, chart->height() * 0.97);
-  const auto send = [chart](QEvent::Type type, QPointF at) {
-    QMouseEvent event(type, at, chart->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(chart, &event);
-  };
-  send(QEvent::MouseButtonPress, corner);
-  send(QEvent::MouseButtonRelease, other);
-  window.RunCommand("mnuLocalSkyZoom");
 }
 
 std::vector<Stop> Stops(MDIForm1& window) {
@@ -410,22 +375,23 @@ std::vector<Stop> Stops(MDIForm1& window) {
       {"frmLocalSky", "The observer's sky with the principal satellite's transit",
        [&window] {
          if (FormCalls* const map = LoadedForm("frmWorldMap")) map->Unload();
-         return OpenLocalSky(window, NextSight(DateOf(2022, 6, 14) + 20.5 / 24), true);
+         GoTo(NextSight(DateOf(2022, 6, 14) + 20.5 / 24));
+         return OpenLocalSky(window, true);
        }},
       {"frmLocalSky-Day", "The sky by day",
-       [&window] { return OpenLocalSky(window, DateOf(2022, 6, 15) + 13.0 / 24, false); }},
+       [&window] {
+         GoTo(DateOf(2022, 6, 15) + 13.0 / 24);
+         return OpenLocalSky(window, false);
+       }},
       {"frmLocalSky-Twilight", "The sky in twilight",
-       [&window] { return OpenLocalSky(window, DateOf(2022, 6, 15) + 19.9 / 24, false); }},
+       [&window] {
+         GoTo(DateOf(2022, 6, 15) + 19.9 / 24);
+         return OpenLocalSky(window, false);
+       }},
       {"frmLocalSky-Zoom", "A part of the night sky, with all stars and without the landscape",
        [&window] {
-         QWidget* const sky = OpenLocalSky(window, DateOf(2022, 6, 16) + 0.5 / 24, false);
-         if (sky == nullptr) return sky;
-         for (const char* const item :
-              {"mnuLocalSkyPaesaggio", "mnuLocalSkyProiezNormale", "mnuLocalSkyOrientamentoEst"})
-           window.RunCommand(item);
-         dynamic_cast<StarCountCalls*>(LoadedForm("frmLocalSky"))->SetStarCount(9010);
-         ZoomWithMouse(window, sky);
-         return sky;
+         GoTo(DateOf(2022, 6, 16) + 0.5 / 24);
+         return ZoomLocalSky(window);
        }},
       {"frmSettings-Filters", "Options: which passes a list keeps",
        [=, &window] {

@@ -172,7 +172,6 @@ TEST_F(FirstQuarterTest, EveryCommandDoesWhatItSaysOrIsDisabled) {
       {"mnuTerraMappaRettangolare", "frmWorldMap"},
       {"mnuTerraMappaOrtografica", "frmWorldMap"},
       {"mnuCieloMappaLocale", "frmLocalSky"},
-      {"mnuCieloMappaGenerale", "frmGeneralSky"},
       {"mnuSatellitiPrevisioniPassaggi", "frmVisibleSatellites"},
       {"mnuCieloMappaGenerale", "frmGeneralSky"},
       {"mnuSatellitiDatabase", "frmDatabase"},
