@@ -26,6 +26,7 @@
 #include "shell/qtApplication.h"
 #include "tests/fakes/FakePlatform.h"
 #include "tests/fakes/ProgramFolder.h"
+#include "tests/fakes/TextWidths.h"
 
 namespace halvorine {
 namespace {
@@ -179,10 +180,14 @@ TEST_F(FirstQuarterTest, EveryCommandDoesWhatItSaysOrIsDisabled) {
                                                     {"mnuOpzioniData", "frmTime"},
                                                     {"mnuOpzioniLocalita", "frmLocation"},
                                                     {"mnuStrumentiDownload", "frmDownload"},
-                                                    {"mnuStrumentiSincronizzazione", "frmSyncro"}};
+                                                    {"mnuStrumentiSincronizzazione", "frmSyncro"},
+                                                    {"mnuEffemeridiSatelliti", "frmTrack"},
+                                                    {"mnuEffemeridiPianeti", "frmPlanets"},
+                                                    {"mnuEffemeridiAlmanacco", "frmRiseSet"}};
   // these ask with a window of their own that waits, or end the program; other tests drive them
-  const QStringList waiting{"mnuOpzioniLingua", "mnuAiutoInformazioni", "mnuFileEsci",
-                            "mnuFileImpostaStampante", "mnuFileStampa"};
+  const QStringList waiting{"mnuOpzioniLingua", "mnuAiutoInformazioni",
+                            "mnuFileEsci",      "mnuFileImpostaStampante",
+                            "mnuFileStampa",    "mnuSatellitiElementiOrbitali"};
   int enabled = 0;
   QStringList disabled;
   for (QAction* const action : window_->findChildren<QAction*>()) {
