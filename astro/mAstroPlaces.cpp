@@ -34,10 +34,8 @@ void HorizontalToEquatorial(double azimuth, double altitude, EquatorialParts& pa
       std::sin(altitude) * std::sin(lat) + std::cos(altitude) * std::cos(lat) * std::cos(azimuth);
   double dec = 0;  // degrees; stays 0 where the arc fails at the poles
   Attempt([&] { dec = ArcSin(s) * RadToDeg; });
-  double c = 0;
-  Attempt([&] {
-    c = Finite(Div(std::sin(altitude) - std::sin(lat) * s, std::cos(lat) * std::cos(dec * DegToRad)));
-  });
+  // cannot fail: no latitude and no arc, being single and a quotient, has a cosine of 0
+  const double c = Div(std::sin(altitude) - std::sin(lat) * s, std::cos(lat) * std::cos(dec * DegToRad));
   double h = 0;  // degrees; stays 0 where rounding has carried c beyond 1
   Attempt([&] { h = (Pi / 2 - ArcTan2Positive(c, Sqrt(1 - c * c))) * RadToDeg; });
   if (std::sin(azimuth) > 0) h = 360 - h;

@@ -38,28 +38,28 @@ void DrawDial(QPainter& painter, const QPalette& palette, double radius) {
 
 AnalogClock::AnalogClock(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+  AnnounceTellers();
 }
 
 void AnalogClock::Set(std::size_t face, Date value) {
   if (faces_[face].value == value) return;
   faces_[face].value = value;
-  Describe();
   update();
 }
 
 void AnalogClock::SetCaptions(const QString& first, const QString& second) {
   faces_[0].caption = first;
   faces_[1].caption = second;
-  Describe();
+  setAccessibleName(first + QStringLiteral(", ") + second);
   updateGeometry();
   update();
 }
 
-void AnalogClock::Describe() {
+ToldValue AnalogClock::Told() const {
   const auto told = [](const Face& face) {
     return face.caption + QLatin1Char(' ') + ToQ(FormatDate(face.value, "hh:mm:ss", {}));
   };
-  setAccessibleName(told(faces_[0]) + QStringLiteral(", ") + told(faces_[1]));
+  return {told(faces_[0]) + QStringLiteral(", ") + told(faces_[1])};
 }
 
 std::array<AnalogClock::Hand, 3> AnalogClock::HandsOf(Date value, double radius) {

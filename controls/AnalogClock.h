@@ -7,11 +7,12 @@
 #include <QWidget>
 #include <array>
 
+#include "controls/qtAccessible.h"
 #include "shell/base/mRecords.h"
 
 namespace halvorine {
 
-class AnalogClock : public QWidget {
+class AnalogClock : public QWidget, public ValueTeller {
   Q_OBJECT
   Q_PROPERTY(double Value READ Value WRITE SetValue)
   Q_PROPERTY(double SecondValue READ SecondValue WRITE SetSecondValue)
@@ -36,6 +37,9 @@ class AnalogClock : public QWidget {
   /// Hour, minute and second hand at a date, for a dial of a radius.
   static std::array<Hand, 3> HandsOf(Date value, double radius);
 
+  QAccessible::Role Role() const override { return QAccessible::Clock; }
+  ToldValue Told() const override;
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -48,7 +52,6 @@ class AnalogClock : public QWidget {
     QString caption;
   };
   void Set(std::size_t face, Date value);
-  void Describe();
   int CaptionHeight() const;
 
   std::array<Face, 2> faces_;

@@ -55,6 +55,11 @@ void GraphButton::SetPictureSize(int size) {
   Changed();
 }
 
+void GraphButton::SetColour(QPalette::ColorRole role, const QColor& colour) {
+  own_.setColor(role, colour);
+  setPalette(own_);
+}
+
 QSize GraphButton::DrawnPicture() const {
   if (icon().isNull()) return {0, 0};
   return size_ == 0 ? QSize(width_, height_) : icon().actualSize(QSize(naturalSize, naturalSize));

@@ -4,6 +4,8 @@
 #include <QIcon>
 #include <QPushButton>
 
+#include "controls/qtPointer.h"
+
 namespace halvorine {
 
 /// Values of GraphButton's PicturePosition.
@@ -17,6 +19,12 @@ class GraphButton : public QPushButton {
   Q_PROPERTY(int PictureWidth READ PictureWidth WRITE SetPictureWidth)
   Q_PROPERTY(int PictureHeight READ PictureHeight WRITE SetPictureHeight)
   Q_PROPERTY(int PictureSize READ PictureSize WRITE SetPictureSize)
+  Q_PROPERTY(bool Enabled READ isEnabled WRITE setEnabled)
+  Q_PROPERTY(QFont Font READ font WRITE setFont)
+  Q_PROPERTY(QIcon MouseIcon READ MouseIcon WRITE SetMouseIcon)
+  Q_PROPERTY(int MousePointer READ MousePointer WRITE SetMousePointer)
+  Q_PROPERTY(QColor BackColor READ BackColor WRITE SetBackColor)
+  Q_PROPERTY(QColor ForeColor READ ForeColor WRITE SetForeColor)
 
  public:
   explicit GraphButton(QWidget* parent = nullptr);
@@ -38,6 +46,16 @@ class GraphButton : public QPushButton {
   /// 0 draws the picture by its width and height, any other number at its natural size.
   void SetPictureSize(int size);
 
+  QIcon MouseIcon() const { return pointer_.Picture(); }
+  void SetMouseIcon(const QIcon& picture) { pointer_.SetPicture(*this, picture); }
+  int MousePointer() const { return pointer_.Number(); }
+  void SetMousePointer(int number) { pointer_.SetNumber(*this, number); }
+  /// Those of the palette unless they are set; what is set stays so by day and at night.
+  QColor BackColor() const { return palette().color(QPalette::Button); }
+  void SetBackColor(const QColor& colour) { SetColour(QPalette::Button, colour); }
+  QColor ForeColor() const { return palette().color(QPalette::ButtonText); }
+  void SetForeColor(const QColor& colour) { SetColour(QPalette::ButtonText, colour); }
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -57,6 +75,10 @@ class GraphButton : public QPushButton {
   QSize Content() const;
   bool Lying() const { return position_ == PictureLeft || position_ == PictureRight; }
 
+  void SetColour(QPalette::ColorRole role, const QColor& colour);
+
+  PointerProperty pointer_;
+  QPalette own_;  // the colours that were set
   int position_ = PictureTop, width_ = 16, height_ = 16, size_ = 0;
 };
 

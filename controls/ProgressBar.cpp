@@ -8,6 +8,7 @@ namespace halvorine {
 
 ProgressBar::ProgressBar(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  AnnounceTellers();
 }
 
 void ProgressBar::SetMax(double maximum) {
@@ -17,7 +18,7 @@ void ProgressBar::SetMax(double maximum) {
 
 void ProgressBar::SetValue(double value) {
   value_ = value;
-  setAccessibleName(Percentage());
+  TellValueChanged(this);
   update();
 }
 

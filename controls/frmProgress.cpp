@@ -56,6 +56,7 @@ void frmProgress::ReadCaptions() {
 
 void frmProgress::Begin(const std::string& task, double maximum) {
   lblTask_->setText(ToQ(task));
+  bar_->setAccessibleName(lblTask_->text());
   bar_->SetMax(maximum);
   bar_->SetValue(0);
   adjustSize();

@@ -7,8 +7,8 @@
 #include <QPainter>
 #include <QPixmapCache>
 #include <algorithm>
-#include <cmath>
 
+#include "controls/mNight.h"
 #include "controls/qtLookStyle.h"
 
 // the pictures stand in a static library, whose resources do not announce themselves
@@ -99,6 +99,28 @@ class LookIconEngine : public QIconEngine {
   QString name_;
 };
 
+/// An icon of the window system, red while it is night; windows keep such icons, so that they follow.
+class FollowingEngine : public QIconEngine {
+ public:
+  explicit FollowingEngine(const QIcon& day) : day_(day) {}
+  void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
+    const double ratio = painter->device()->devicePixelRatio();
+    painter->drawPixmap(rect, pixmap((QSizeF(rect.size()) * ratio).toSize(), mode, state));
+  }
+  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    const QPixmap pixmap = day_.pixmap(size, 1.0, mode, state);
+    return IsNight(QApplication::palette()) ? QPixmap::fromImage(NightMapImage(pixmap.toImage())) : pixmap;
+  }
+  QList<QSize> availableSizes(QIcon::Mode mode, QIcon::State state) override {
+    return day_.availableSizes(mode, state);
+  }
+  QIconEngine* clone() const override { return new FollowingEngine(day_); }
+  bool isNull() override { return day_.isNull(); }
+
+ private:
+  QIcon day_;
+};
+
 class ArrowEngine : public QIconEngine {
  public:
   explicit ArrowEngine(Qt::ArrowType direction) : direction_(direction) {}
@@ -157,13 +179,7 @@ QIcon Icon(const char* name) {
 
 QIcon ArrowIcon(Qt::ArrowType direction) { return QIcon(new ArrowEngine(direction)); }
 
-QIcon NightIcon(const QIcon& icon) {
-  if (!IsNight(QApplication::palette())) return icon;
-  QIcon red;
-  for (const QSize& size : icon.availableSizes())
-    red.addPixmap(QPixmap::fromImage(NightMapImage(icon.pixmap(size).toImage())));
-  return red;
-}
+QIcon NightIcon(const QIcon& icon) { return icon.isNull() ? icon : QIcon(new FollowingEngine(icon)); }
 
 QString IconName(int number) { return Numbering().value(QString::number(number)); }
 
@@ -192,10 +208,7 @@ QImage NightIconImage(const QImage& day) {
 }
 
 QImage NightMapImage(const QImage& day) {
-  return Changed(day, [](QRgb c) {
-    const double value = std::max({1.0 * qRed(c), 0.8 * qGreen(c), 0.5 * qBlue(c)});
-    return qRound(255 * std::pow(value / 255, 1.5));
-  });
+  return Changed(day, [](QRgb c) { return NightLevel(qRed(c), qGreen(c), qBlue(c)); });
 }
 
 }  // namespace halvorine

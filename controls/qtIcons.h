@@ -23,7 +23,7 @@ QPixmap SecondIconIn(int number, bool night, double pixelRatio = 1);
 
 /// An arrow in the colour of highlighted text, for the bar of a calendar.
 QIcon ArrowIcon(Qt::ArrowType direction);
-/// An icon of the window system with all its sizes in the colours of the night; unchanged by day.
+/// An icon of the window system that is painted in the colours of the night while it is night.
 QIcon NightIcon(const QIcon& icon);
 
 /// Name of the picture that has a number in the toolbar's list; the empty text where there is none.

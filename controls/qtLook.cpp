@@ -1,15 +1,20 @@
 #include "controls/qtLook.h"
 
 #include <QToolTip>
+#include <initializer_list>
 
+#include "controls/mNight.h"
 #include "controls/qtLookStyle.h"
+#include "shell/base/mGlobal.h"
+#include "shell/base/qtForms.h"
 
 namespace halvorine {
 
 namespace {
 
 constexpr QRgb dayMuted = 0xff55626e;
-const QColor nightWindow(128, 0, 0), nightText(255, 0, 0), nightDark(64, 0, 0), nightInk(0, 0, 0);
+
+QColor NightOf(SystemColour colour) { return ColourOf(NightColour(colour)); }
 
 QColor Mixed(const QColor& a, const QColor& b, double share) {
   const auto mix = [share](int x, int y) { return qRound(x + (y - x) * share); };
@@ -59,26 +64,51 @@ QPalette DayPalette() {
 }
 
 QPalette NightPalette() {
+  using Night = SystemColour;
   QPalette palette;
-  const auto set = [&palette](QPalette::ColorRole role, const QColor& colour) {
-    palette.setColor(QPalette::All, role, colour);
+  const auto set = [&palette](Night colour, std::initializer_list<QPalette::ColorRole> roles) {
+    for (const QPalette::ColorRole role : roles) palette.setColor(QPalette::All, role, NightOf(colour));
   };
-  for (const QPalette::ColorRole role :
-       {QPalette::Window, QPalette::Base, QPalette::AlternateBase, QPalette::Button, QPalette::ToolTipBase,
-        QPalette::Highlight, QPalette::Midlight})
-    set(role, nightWindow);
-  for (const QPalette::ColorRole role :
-       {QPalette::WindowText, QPalette::Text, QPalette::ToolTipText, QPalette::Light, MutedRole})
-    set(role, nightText);
-  for (const QPalette::ColorRole role :
-       {QPalette::ButtonText, QPalette::HighlightedText, QPalette::PlaceholderText, QPalette::Link,
-        QPalette::LinkVisited, QPalette::Dark, QPalette::Mid, QPalette::Shadow})
-    set(role, nightInk);
-  SetDisabled(palette, QColor(128, 128, 128));
+  set(Night::ButtonFace, {QPalette::Window, QPalette::Button, QPalette::Midlight});
+  set(Night::Window, {QPalette::Base, QPalette::AlternateBase});
+  set(Night::Highlight, {QPalette::Highlight});
+  set(Night::ToolTipGround, {QPalette::ToolTipBase});
+  set(Night::WindowText, {QPalette::WindowText, QPalette::Text, MutedRole});
+  set(Night::ToolTipText, {QPalette::ToolTipText});
+  set(Night::ButtonHighlight, {QPalette::Light});
+  // a hot light is as dark as what it would stand on: links and hints are as black as a button's text
+  set(Night::ButtonText,
+      {QPalette::ButtonText, QPalette::PlaceholderText, QPalette::Link, QPalette::LinkVisited});
+  set(Night::HighlightText, {QPalette::HighlightedText});
+  set(Night::ButtonShadow, {QPalette::Dark, QPalette::Mid});
+  set(Night::Workspace, {QPalette::Shadow});
+  SetDisabled(palette, NightOf(Night::GreyText));
   return palette;
 }
 
-bool IsNight(const QPalette& palette) { return palette.color(QPalette::Window) == nightWindow; }
+bool IsNight(const QPalette& palette) {
+  return palette.color(QPalette::Window) == NightOf(SystemColour::ButtonFace);
+}
+
+namespace {
+
+void SetNightColours(LookColours& colours) {
+  using Night = SystemColour;
+  const QColor window = NightOf(Night::Window), light = NightOf(Night::ButtonHighlight);
+  colours.Caption = NightOf(Night::ActiveCaption);
+  colours.CaptionText = NightOf(Night::CaptionText);
+  colours.InactiveCaption = NightOf(Night::InactiveCaption);
+  colours.InactiveCaptionText = NightOf(Night::InactiveCaptionText);
+  colours.WindowFrame = NightOf(Night::ActiveBorder);
+  colours.InactiveWindowFrame = NightOf(Night::InactiveBorder);
+  colours.Page = window;
+  colours.FocusEdge = light;
+  colours.Hovered = Mixed(window, light, 0.12);
+  colours.Pressed = colours.Track = NightOf(Night::ScrollBar);
+  colours.Thumb = window;
+}
+
+}  // namespace
 
 LookColours ColoursOf(const QPalette& palette) {
   LookColours colours;
@@ -87,18 +117,7 @@ LookColours ColoursOf(const QPalette& palette) {
   colours.Workspace = palette.color(QPalette::Shadow);
   colours.Hairline = colours.FrameEdge;
   if (IsNight(palette)) {
-    colours.Caption = nightDark;
-    colours.CaptionText = nightText;
-    colours.InactiveCaption = nightInk;
-    colours.InactiveCaptionText = nightWindow;
-    colours.WindowFrame = nightWindow;
-    colours.InactiveWindowFrame = nightDark;
-    colours.Page = nightWindow;
-    colours.FocusEdge = nightText;
-    colours.Hovered = Mixed(nightWindow, nightText, 0.12);
-    colours.Pressed = nightDark;
-    colours.Track = nightDark;
-    colours.Thumb = nightWindow;
+    SetNightColours(colours);
     return colours;
   }
   const QColor window = palette.color(QPalette::Window), text = palette.color(QPalette::WindowText);
@@ -138,11 +157,10 @@ void ApplyNight(bool on) {
   if (on)
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text})
       for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
-        menus.setColor(group, role, nightInk);
+        menus.setColor(group, role, NightOf(SystemColour::MenuText));
   QApplication::setPalette(menus, "QMenu");
   QApplication::setPalette(menus, "QMenuBar");
   QToolTip::setPalette(palette);
-  // black on dark red is faint: a heavier letter helps
   // black on dark red is faint: a heavier letter helps
   QApplication::setFont(LookFont());
   for (const char* const name : {"QMenu", "QMenuBar", "QPushButton"})
@@ -151,6 +169,12 @@ void ApplyNight(bool on) {
   // open windows are told by posted events; without these two the next picture would still be the old one
   QCoreApplication::sendPostedEvents(nullptr, QEvent::ApplicationPaletteChange);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::ApplicationFontChange);
+}
+
+void SwitchNightColours(bool on) {
+  if (on == NightColoursActive) return;
+  NightColoursActive = on;
+  ApplyNight(on);
 }
 
 void ApplyLook(QApplication& application) {

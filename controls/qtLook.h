@@ -41,6 +41,10 @@ void ApplyLook(QApplication& application);
 /// and pictures are for their owners to change; they get a PaletteChange event.
 void ApplyNight(bool on);
 
+/// The command of the night colours: NightColoursActive first, then all windows, since maps and charts look
+/// at it when they draw themselves anew. What is so already is left alone.
+void SwitchNightColours(bool on);
+
 /// The interface font with another size in points or weight.
 QFont LookFont(double points = 9, bool bold = false);
 /// The font of report rows, tables by columns and element lines: Liberation Mono 9 pt.

@@ -41,9 +41,11 @@ void DrawGlyph(QPainter* painter, const QRect& rect, Glyph glyph, const QColor& 
 
 void LookStyle::DrawGroup(const QStyleOptionGroupBox& group, QPainter* painter, const QWidget* widget) const {
   const PainterHold hold(painter);
-  QStyleOption frame(group);
-  frame.rect = subControlRect(CC_GroupBox, &group, SC_GroupBoxFrame, widget);
-  DrawFrame(PE_FrameGroupBox, &frame, painter, widget);
+  if (!group.features.testFlag(QStyleOptionFrame::Flat)) {
+    QStyleOption frame(group);
+    frame.rect = subControlRect(CC_GroupBox, &group, SC_GroupBoxFrame, widget);
+    DrawFrame(PE_FrameGroupBox, &frame, painter, widget);
+  }
   if (group.subControls.testFlag(SC_GroupBoxCheckBox)) {
     QStyleOption mark(group);
     DrawCheckMark(painter, subControlRect(CC_GroupBox, &group, SC_GroupBoxCheckBox, widget), mark, false);
@@ -223,7 +225,8 @@ void LookStyle::DrawScrollBar(const QStyleOptionSlider& bar, QPainter* painter, 
   const bool held =
       bar.activeSubControls.testFlag(SC_ScrollBarSlider) && (bar.state & (State_Sunken | State_MouseOver));
   const QColor fill = held && !IsNight(bar.palette) ? colours.Thumb.darker(115) : colours.Thumb;
-  DrawBox(painter, thumb, fill, QColor(), 1, 4);
+  const bool focused = Has(bar, State_HasFocus) && Has(bar, State_KeyboardFocusChange);
+  DrawBox(painter, thumb, fill, focused ? colours.FocusEdge : QColor(), 1.6, 4);
 }
 
 void LookStyle::DrawTitleBar(const QStyleOptionTitleBar& bar, QPainter* painter,

@@ -1,13 +1,19 @@
 #include "controls/qtPrint.h"
 
 #include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
 #include <QPageSetupDialog>
 #include <QPainter>
+#include <QPointer>
 #include <QPrintDialog>
-#include <QPrintPreviewDialog>
 #include <algorithm>
 #include <memory>
 #include <utility>
+
+#include "controls/qtPreview.h"
+#include "shell/base/mLang.h"
+#include "shell/base/mPlatform.h"
 
 namespace halvorine {
 
@@ -15,10 +21,10 @@ namespace {
 
 constexpr double margin = 450, twipsPerInch = 1440;
 constexpr double rowPoints = 10, leastPoints = 6;
-constexpr int previewWidth = 860, previewHeight = 700;  // logical pixels; room for all of its toolbar
 
 std::unique_ptr<QPrinter> printer;
 std::function<bool(QPrinter&)> printerAnswer;
+bool answerWithPreview = false;
 
 }  // namespace
 
@@ -48,7 +54,10 @@ bool AskPrinter(QPrinter& target, QWidget* parent, bool hasSelection) {
   return dialog.exec() == QDialog::Accepted;
 }
 
-void SetPrinterAnswer(std::function<bool(QPrinter&)> answer) { printerAnswer = std::move(answer); }
+void SetPrinterAnswer(std::function<bool(QPrinter&)> answer, bool withPreview) {
+  printerAnswer = std::move(answer);
+  answerWithPreview = withPreview;
+}
 
 namespace {
 
@@ -63,20 +72,30 @@ struct RowPages {
   int rowsOnPage = 1, count = 1;
 };
 
-RowPages::RowPages(QPrinter& printed, const QStringList& rows)
-    : target(printed),
-      font(QStringLiteral("Courier New")),
-      edge(margin * printed.resolution() / twipsPerInch) {
+/// "Courier New", or what has its measures where it is missing.
+QFont RowFont() {
+  QFont font(QStringList{QStringLiteral("Courier New"), QStringLiteral("Liberation Mono")});
   font.setStyleHint(QFont::Monospace);
+  font.setPointSizeF(rowPoints);
+  return font;
+}
+
+/// Of rows in a font of one width the longest text is the widest.
+QString Widest(const QStringList& rows) {
+  const auto longest = std::max_element(
+      rows.begin(), rows.end(), [](const QString& a, const QString& b) { return a.size() < b.size(); });
+  return longest == rows.end() ? QString() : *longest;
+}
+
+RowPages::RowPages(QPrinter& printed, const QStringList& rows)
+    : target(printed), font(RowFont()), edge(margin * printed.resolution() / twipsPerInch) {
+  const QString widest = Widest(rows);
   for (double points = rowPoints; points >= leastPoints; points -= 0.5) {
     font.setPointSizeF(points);
     const QFontMetricsF metrics(font, &target);
     lineHeight = metrics.lineSpacing();
     ascent = metrics.ascent();
-    const bool fits = std::all_of(rows.begin(), rows.end(), [&](const QString& row) {
-      return metrics.horizontalAdvance(row) <= Room();
-    });
-    if (fits) break;
+    if (metrics.horizontalAdvance(widest) <= Room()) break;
   }
   // the page number takes two lines at the foot
   const double room = target.height() - 2 * edge - 2 * lineHeight;
@@ -111,13 +130,66 @@ bool PrintRows(QPrinter& target, const QStringList& rows) {
   return painter.end();
 }
 
+namespace {
+
+/// Whether a file can be made where the printer is to write one; the window system says so only in its log.
+bool CanBegin(const QPrinter& target) {
+  if (target.outputFormat() != QPrinter::PdfFormat) return true;
+  const QFileInfo file(target.outputFileName());
+  if (file.fileName().isEmpty() || file.isDir()) return false;
+  return file.exists() ? file.isWritable() : QFileInfo(file.absolutePath()).isWritable();
+}
+
+/// Whether the file that was to be written is there to its end: a full disk is not told by the printer.
+bool IsWhole(const QPrinter& target) {
+  if (target.outputFormat() != QPrinter::PdfFormat) return true;
+  if (!QFileInfo(target.outputFileName()).isFile()) return false;
+  QFile file(target.outputFileName());
+  constexpr qint64 tail = 64;
+  return file.open(QIODevice::ReadOnly) && file.seek(std::max<qint64>(0, file.size() - tail)) &&
+         file.readAll().contains("%%EOF");
+}
+
+/// A page on its side for rows that are too wide for an upright one, while it lives.
+class Orientation {
+ public:
+  Orientation(QPrinter& target, const QStringList& rows)
+      : target_(target), before_(target.pageLayout().orientation()) {
+    target_.setFullPage(true);
+    const QFontMetricsF metrics(RowFont(), &target_);
+    const double room = target_.width() - 2 * margin * target_.resolution() / twipsPerInch;
+    if (metrics.horizontalAdvance(Widest(rows)) > room) target_.setPageOrientation(QPageLayout::Landscape);
+  }
+  ~Orientation() { target_.setPageOrientation(before_); }
+  Orientation(const Orientation&) = delete;
+  Orientation& operator=(const Orientation&) = delete;
+
+ private:
+  QPrinter& target_;
+  QPageLayout::Orientation before_;
+};
+
+}  // namespace
+
+bool PrintAsked(QPrinter& target, QWidget* parent, const std::function<bool(QPrinter&)>& paint) {
+  target.setFromTo(0, 0);
+  const QPointer<QWidget> alive(parent);
+  const bool asked = AskPrinter(target, parent);
+  const bool done = asked && CanBegin(target) && paint(target) && IsWhole(target);
+  target.setFromTo(0, 0);
+  if (asked && !done) Tell(MessageKind::Warning, LookupText("frmPreview", "nonstampato"));
+  return done && (parent == nullptr || alive != nullptr);
+}
+
 void PreviewRows(QWidget* parent, const QStringList& rows, const QString& title) {
-  QPrintPreviewDialog dialog(&ThePrinter(), parent);
-  dialog.setWindowTitle(title);
-  dialog.resize(previewWidth, previewHeight);
-  QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
-                   [&rows](QPrinter* printed) { PrintRows(*printed, rows); });
-  dialog.exec();
+  QPrinter& target = ThePrinter();
+  const Orientation orientation(target, rows);
+  const auto paint = [&rows](QPrinter& printed) { return PrintRows(printed, rows); };
+  if (printerAnswer && !answerWithPreview) {
+    PrintAsked(target, parent, paint);
+    return;
+  }
+  frmPreview(parent, target, title, paint).exec();
 }
 
 }  // namespace halvorine

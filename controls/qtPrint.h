@@ -18,15 +18,21 @@ void SetUpPrinter(QWidget* parent);
 /// Asks where to print; false where the user cancels. With a selection that is what is proposed.
 bool AskPrinter(QPrinter& printer, QWidget* parent, bool hasSelection = false);
 
-/// Answers in the place of the print dialog; serves tests. An empty function brings the dialog back.
-void SetPrinterAnswer(std::function<bool(QPrinter&)> answer);
+/// Answers in the place of the print dialog; serves tests. An empty function brings the dialog back. Without
+/// the preview what is to be printed is so at once.
+void SetPrinterAnswer(std::function<bool(QPrinter&)> answer, bool withPreview = false);
 
 /// Prints rows in black "Courier New" of 10 points, from 450 twips downwards and rightwards, with new pages
 /// as they are needed and "page / pages" at the foot of each. Rows that are wider than the paper shrink them
 /// all, down to 6 points. Only the pages that the printer was asked for. False where the printer refuses.
 bool PrintRows(QPrinter& printer, const QStringList& rows);
 
-/// Shows in a window how PrintRows would print, with a way on to the print dialog; waits for its end.
+/// Shows in a window how PrintRows would print, with a way on to the print dialog; waits for its end. Rows
+/// that an upright page is too narrow for turn it on its side. A printer or a file that refuses is told.
 void PreviewRows(QWidget* parent, const QStringList& rows, const QString& title);
+
+/// Asks where to print and does so; `paint` draws the pages. False where the user cancels or the printer
+/// refuses; the latter is told.
+bool PrintAsked(QPrinter& printer, QWidget* parent, const std::function<bool(QPrinter&)>& paint);
 
 }  // namespace halvorine

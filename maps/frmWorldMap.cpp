@@ -123,8 +123,7 @@ void frmWorldMap::showEvent(QShowEvent* event) {
 void frmWorldMap::ResetTitle() {
   const QString title = Text(section, view_.IsGlobe() ? "mappaortografica" : "mapparettangolare");
   setWindowTitle(title);
-  setWindowIcon(
-      QIcon(view_.IsGlobe() ? QStringLiteral(":/icons/ortho.png") : QStringLiteral(":/icons/recta.png")));
+  setWindowIcon(Icon(view_.IsGlobe() ? "ortho" : "recta"));
   picture1_->setAccessibleName(title);
 }
 

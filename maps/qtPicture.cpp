@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "controls/mNight.h"
 #include "controls/qtIcons.h"
 #include "maps/qtSurface.h"
 
@@ -25,8 +26,7 @@ QImage Dimmed(const QImage& picture, double opacity) {
 }  // namespace
 
 QColor NightShadeOf(const QColor& colour) {
-  const double v = std::max({1.0 * colour.red(), 0.8 * colour.green(), 0.5 * colour.blue()});
-  return QColor(static_cast<int>(std::lround(255 * std::pow(v / 255, 1.5))), 0, 0, colour.alpha());
+  return {NightLevel(colour.red(), colour.green(), colour.blue()), 0, 0, colour.alpha()};
 }
 
 QtPicture QtPicture::Photograph(const QString& path) {

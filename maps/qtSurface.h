@@ -154,6 +154,8 @@ class SurfaceWidget : public QWidget {
   /// While the box is resized, shows the last picture stretched and wants a new one only `milliseconds` after
   /// the last change.
   void StretchWhileResizing(int milliseconds);
+  /// Ends the stretching at once where it is under way; true where that has wanted a new picture.
+  bool TakePendingSize();
   /// A rectangle or a line between two places, user units; it replaces the one before.
   void ShowRubberBox(double x1, double y1, double x2, double y2);
   void ShowDragLine(double x1, double y1, double x2, double y2);

@@ -95,6 +95,13 @@ void SurfaceWidget::TakeSize() {
   Q_EMIT redrawWanted();
 }
 
+bool SurfaceWidget::TakePendingSize() {
+  if (!settled_.isActive()) return false;
+  settled_.stop();
+  TakeSize();
+  return true;
+}
+
 void SurfaceWidget::resizeEvent(QResizeEvent* /*event*/) {
   const bool hasPicture = isVisible() && surface_.Width() > 0 && surface_.Height() > 0;
   if (settled_.interval() > 0 && hasPicture)

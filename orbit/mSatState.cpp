@@ -91,7 +91,7 @@ void OsculatingOrbit(const ElementSet& set, SatelliteState& state, StateScratchR
     k.eccentricityVector = next;
   });
   Attempt([&] { k.e = Finite(Sqrt(Dot(k.eccentricityVector, k.eccentricityVector))); });
-  Attempt([&] { state.PerigeeHeight = Div(k.p, 1 + k.e) - EarthRadius; });
+  state.PerigeeHeight = Div(k.p, 1 + k.e) - EarthRadius;  // cannot fail: e is a root
   Attempt([&] { state.ApogeeHeight = Div(k.p, 1 - k.e) - EarthRadius; });
   Attempt([&] { k.a = Div(k.p, 1 - Square(k.e)); });
   // an orbit that does not close has no period
@@ -109,7 +109,7 @@ void LookAngles(SatelliteState& state, StateScratchRecord& k) {
   Attempt([&] { state.Elevation = ArcSin(state.TopoUp) * RadToDeg; });
   if (Options.Refraction != -1 || !(state.Elevation >= -0.6)) return;
   k.t = std::tan((10.3 / (state.Elevation + 5.11) + state.Elevation) * DegToRad);
-  Attempt([&] { state.Elevation = state.Elevation + Div(1.02, k.t) / 60; });
+  state.Elevation = state.Elevation + Div(1.02, k.t) / 60;  // cannot fail: the angle ends 6 minutes past 90
 }
 
 void SubPoint(SatelliteState& state, const StateScratchRecord& k) {

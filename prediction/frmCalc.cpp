@@ -27,7 +27,7 @@ frmCalc::frmCalc() : TableForm(section) {
     auto* const page = new QWidget();
     auto* const rows = new QVBoxLayout(page);
     rows->setContentsMargins(12, 12, 12, 12);
-    rows->addWidget(list.Make(index, caption));
+    rows->addLayout(list.Make(index, caption));
     pages_->addTab(page, caption);
     list.Fill(index);
   }
@@ -37,6 +37,7 @@ frmCalc::frmCalc() : TableForm(section) {
 
 void frmCalc::Show() {
   for (const int index : {Primary, Secondary}) lists_.at(static_cast<std::size_t>(index)).Fill(index);
+  lists_.at(static_cast<std::size_t>(pages_->currentIndex())).SetFocus();
   ShowForm();
 }
 

@@ -359,8 +359,7 @@ void frmDetails::Stampa() {
   if (ShownCount() == 0) return;
   QStringList rows;
   for (const std::string& line : ShownLines()) rows.push_back(ToQ(line));
-  QPrinter& printer = ThePrinter();
-  if (AskPrinter(printer, this)) PrintRows(printer, rows);
+  PreviewRows(this, rows, windowTitle());
 }
 
 }  // namespace halvorine

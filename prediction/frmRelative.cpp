@@ -24,9 +24,9 @@ enum Satellite : int { satelliteA = 0, satelliteB = 1 };
 frmRelative::frmRelative() : TableForm(section) {
   setWindowTitle(Text("motorelativosatelliti"));
   setWindowIcon(Icon("relative"));
-  auto* const pages = Named(new QTabWidget(), "SSTab1");
-  pages->addTab(MakePage(satelliteA), Text("satellitea"));
-  pages->addTab(MakePage(satelliteB), Text("satelliteb"));
+  pages_ = Named(new QTabWidget(), "SSTab1");
+  pages_->addTab(MakePage(satelliteA), Text("satellitea"));
+  pages_->addTab(MakePage(satelliteB), Text("satelliteb"));
   auto* const info = Named(new QLabel(Text("informazione")), "lblInfo");
   info->setWordWrap(true);
   info->setForegroundRole(MutedRole);
@@ -34,7 +34,7 @@ frmRelative::frmRelative() : TableForm(section) {
   auto* const rows = new QVBoxLayout(left);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(8);
-  rows->addWidget(pages, 1);
+  rows->addWidget(pages_, 1);
   rows->addWidget(info);
   Compose(left, helpTopic);
   Publish(this);
@@ -51,7 +51,7 @@ QWidget* frmRelative::MakePage(int index) {
   rows->setContentsMargins(12, 12, 12, 12);
   rows->setSpacing(8);
   rows->addWidget(database);
-  rows->addWidget(ListOf(index).Make(index, caption), 1);
+  rows->addLayout(ListOf(index).Make(index, caption), 1);
   ListOf(index).Fill(Primary);
   connect(database, &QComboBox::currentIndexChanged, this,
           [this, index](int chosen) { ListOf(index).Fill(chosen); });
@@ -60,6 +60,7 @@ QWidget* frmRelative::MakePage(int index) {
 
 void frmRelative::Show() {
   for (EntryList& list : lists_) list.Fill(list.Database());
+  ListOf(pages_->currentIndex()).SetFocus();
   ShowForm();
 }
 
@@ -68,6 +69,7 @@ void frmRelative::cmdOK_Click() {
   const int a = ListOf(satelliteA).Chosen();
   const int b = ListOf(satelliteB).Chosen();
   if (a == 0 || b == 0) {
+    pages_->setCurrentIndex(a == 0 ? satelliteA : satelliteB);
     Tell(MessageKind::Information, LookupText(section, "selezionaresatelliti"));
     return;
   }

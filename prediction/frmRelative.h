@@ -23,6 +23,7 @@ class frmRelative : public TableForm, public FormCalls {
   QWidget* MakePage(int index);
   EntryList& ListOf(int index) { return lists_.at(static_cast<std::size_t>(index)); }
 
+  QTabWidget* pages_;
   std::array<EntryList, 2> lists_;
 };
 

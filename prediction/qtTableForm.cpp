@@ -4,13 +4,14 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "controls/GraphButton.h"
 #include "controls/qtLook.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mHelp.h"
+#include "shell/base/mText.h"
 #include "shell/base/qtDates.h"
 
 namespace halvorine {
@@ -36,7 +37,7 @@ QLabel* Caption(const QString& text, QWidget* of) {
 
 }  // namespace
 
-RowList* EntryList::Make(int index, const QString& accessibleName) {
+QLayout* EntryList::Make(int index, const QString& accessibleName) {
   list_ = Named(new RowList(), "lstDatabase", index);
   list_->setSelectionMode(QAbstractItemView::SingleSelection);
   list_->SetHint(halvorine::Text("frmDatabase", "elencovuoto"));
@@ -44,16 +45,31 @@ RowList* EntryList::Make(int index, const QString& accessibleName) {
   list_->setMinimumWidth(listWidth);
   model_ = new DatabaseModel(list_);
   list_->setModel(model_);
-  return list_;
+  lblNorad_ = Named(new QLabel(), "lblNorad", index);
+  lblNorad_->setForegroundRole(MutedRole);
+  QObject::connect(list_->selectionModel(), &QItemSelectionModel::selectionChanged, list_,
+                   [this] { ShowNumber(); });
+  auto* const rows = new QVBoxLayout();
+  rows->setSpacing(4);
+  rows->addWidget(list_, 1);
+  rows->addWidget(lblNorad_);
+  return rows;
+}
+
+void EntryList::ShowNumber() {
+  const int chosen = Chosen();
+  lblNorad_->setText(chosen == 0 ? QString()
+                                 : halvorine::Text("frmDetails", "norad") + QLatin1Char(' ') +
+                                       ToQ(Columns(DatabaseOf(database_).Entry(chosen).line1, 3, 7)));
 }
 
 void EntryList::Fill(int database) {
   const int chosen = database == database_ ? Chosen() : 0;
   database_ = database;
   model_->SetRows(EntryNames(database));
-  if (chosen == 0) return;
   list_->SelectOnly(chosen - 1);
   list_->MakeCurrent(chosen - 1);
+  ShowNumber();
 }
 
 int EntryList::Chosen() const {
@@ -83,7 +99,7 @@ void TableForm::Compose(QWidget* pages, int helpTopic) {
   rows->setSpacing(12);
   rows->addLayout(upper, 1);
   rows->addLayout(MakeLastRow(helpTopic));
-  OrderTabs(pages);
+  OrderTabs();
   const QSize fitting = sizeHint();
   SetFirstSize(std::max(formWidth, fitting.width()), std::max(formHeight, fitting.height()));
 }
@@ -171,12 +187,14 @@ QLayout* TableForm::MakeLastRow(int helpTopic) {
   return row;
 }
 
-void TableForm::OrderTabs(QWidget* pages) {
-  QWidget* before = pages;
+void TableForm::OrderTabs() {
+  QWidget* before = Control<QWidget>(this, "SSTab1");
   for (const char* const name :
-       {"DTPicker1", "cmbDurata", "cmbTipoDurata", "cmbIntervallo", "cmbTipoIntervallo", "optOBS", "optECI",
-        "optLLA", "optRAD", "cmdHelp", "cmdOK", "cmdCancel"}) {
-    auto* const widget = Control<QWidget>(this, name);
+       {"cmbDatabase(0)", "lstDatabase(0)", "cmbDatabase(1)", "lstDatabase(1)", "DTPicker1", "cmbDurata",
+        "cmbTipoDurata", "cmbIntervallo", "cmbTipoIntervallo", "optOBS", "optECI", "optLLA", "optRAD",
+        "cmdHelp", "cmdOK", "cmdCancel"}) {
+    auto* const widget = findChild<QWidget*>(QString::fromLatin1(name));
+    if (widget == nullptr) continue;  // one of the dialogs has no choice of the database
     setTabOrder(before, widget);
     before = widget;
   }

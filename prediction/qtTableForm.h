@@ -5,6 +5,7 @@
 
 #include <QComboBox>
 #include <QDateTimeEdit>
+#include <QLabel>
 #include <QLayout>
 #include <QRadioButton>
 #include <array>
@@ -19,15 +20,20 @@ namespace halvorine {
 /// A list of the entries of one database, in their order.
 class EntryList {
  public:
-  /// The list itself, a control lstDatabase with an index.
-  RowList* Make(int index, const QString& accessibleName);
+  /// The list itself, a control lstDatabase with an index, over the catalogue number of what is chosen: many
+  /// satellites share their names.
+  QLayout* Make(int index, const QString& accessibleName);
   /// Lists a database. What was chosen stays where its entry is still the same.
   void Fill(int database);
   int Database() const { return database_; }
   /// Number of the chosen entry; 0 where none is chosen or its database has been read anew.
   int Chosen() const;
+  void SetFocus() { list_->setFocus(); }
 
  private:
+  void ShowNumber();
+
+  QLabel* lblNorad_ = nullptr;
   RowList* list_ = nullptr;
   DatabaseModel* model_ = nullptr;
   int database_ = Primary;
@@ -54,7 +60,7 @@ class TableForm : public ChildForm {
   QLayout* MakeLastRow(int helpTopic);
   QComboBox* MakeNumbers(const char* name, int chosen);
   QComboBox* MakeUnits(const char* name, std::initializer_list<const char*> keys, int chosen);
-  void OrderTabs(QWidget* pages);
+  void OrderTabs();
 
   std::string section_;
   QDateTimeEdit* DTPicker1_ = nullptr;

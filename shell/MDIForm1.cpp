@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QScreen>
 #include <QStatusBar>
+#include <filesystem>
 
 #include "catalogue/mCatalogue.h"
 #include "controls/qtIcons.h"
@@ -39,13 +40,10 @@ constexpr QSize roomySize(1180, 740);                  // pixels, where the scre
 /// One panel of the status bar: icon and text; a click anywhere on it runs a command.
 class StatusPanel : public QWidget {
  public:
-  StatusPanel(const char* icon, QLabel* text, std::function<void()> clicked) : clicked_(std::move(clicked)) {
+  StatusPanel(const char* icon, QLabel* text, std::function<void()> clicked)
+      : icon_(Icon(icon)), clicked_(std::move(clicked)) {
     auto* const layout = new QHBoxLayout(this);
-    layout->setContentsMargins(8, 2, 12, 2);
-    layout->setSpacing(6);
-    auto* const picture = new QLabel();
-    picture->setPixmap(Icon(icon).pixmap(16, 16));
-    layout->addWidget(picture);
+    layout->setContentsMargins(8 + iconSize + 6, 2, 12, 2);
     layout->addWidget(text);
     setCursor(Qt::PointingHandCursor);
   }
@@ -54,6 +52,7 @@ class StatusPanel : public QWidget {
   void paintEvent(QPaintEvent* /*event*/) override {
     // a hairline parts the panels
     QPainter painter(this);
+    icon_.paint(&painter, 8, (height() - iconSize) / 2, iconSize, iconSize);
     painter.setPen(ColoursOf(palette()).FrameEdge);
     painter.drawLine(width() - 1, 4, width() - 1, height() - 5);
   }
@@ -62,6 +61,8 @@ class StatusPanel : public QWidget {
   }
 
  private:
+  static constexpr int iconSize = 16;  // pixels
+  QIcon icon_;
   std::function<void()> clicked_;
 };
 
@@ -243,6 +244,18 @@ bool MDIForm1::TrySaveSettings() {
   }
 }
 
+void MDIForm1::FlipDataPanel() {
+  if (auto* const panel = halvorine::Load<FloatingCalls>("frmFloating"))
+    panel->SetShown(IsChecked("mnuVisualizzaBarraDati"));
+}
+
+void MDIForm1::FlipNightColours() { SwitchNightColours(IsChecked("mnuVisualizzaColoriNotte")); }
+
+void MDIForm1::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) area_->setBackground(ColoursOf(palette()).Workspace);
+}
+
 void MDIForm1::FlipToolbar() { toolbar_->setVisible(IsChecked("mnuVisualizzaBarraPulsanti")); }
 void MDIForm1::FlipStatusBar() { statusBar()->setVisible(IsChecked("mnuVisualizzaBarraStato")); }
 
@@ -270,8 +283,13 @@ void MDIForm1::OpenDatabase() {
 void MDIForm1::StartCalculator() { ThePlatform().StartProcess("calc.exe"); }
 
 void MDIForm1::StartExternalProgram() {
-  if (Trimmed(Options.ExternalProgram).empty()) return;
-  ThePlatform().StartProcess(Options.ExternalProgram + " " + Options.ExternalParameters);
+  const std::string program(Trimmed(Options.ExternalProgram));
+  if (program.empty()) return;
+  // a chosen file may have blanks in its path; what is typed may hold words of its own
+  std::error_code ignored;
+  const bool isFile = program.find(' ') != std::string::npos && std::filesystem::exists(program, ignored);
+  ThePlatform().StartProcess((isFile ? '"' + program + '"' : Options.ExternalProgram) + " " +
+                             Options.ExternalParameters);
 }
 
 void MDIForm1::OpenLanguage() {
@@ -403,6 +421,7 @@ void MDIForm1::closeEvent(QCloseEvent* event) {
     return;
   }
   closing_ = true;
+  SwitchNightColours(false);
   TickEnabled = false;
   tmrCentrale_->stop();
   UnloadAllForms("MDIForm1");

@@ -43,6 +43,7 @@ class MDIForm1 : public QMainWindow, public MainFormCalls {
   void PopupMenu(std::string_view menu, int screenX, int screenY) override;
 
  protected:
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -87,6 +88,8 @@ class MDIForm1 : public QMainWindow, public MainFormCalls {
   bool TrySaveSettings();
   void FlipToolbar();
   void FlipStatusBar();
+  void FlipDataPanel();
+  void FlipNightColours();
   void OpenMap(std::string_view kind);
   void OpenRecta() { OpenMap("Recta"); }
   void OpenOrtho() { OpenMap("Ortho"); }

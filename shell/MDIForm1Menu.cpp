@@ -14,10 +14,10 @@
 
 namespace halvorine {
 
-/// One entry of a menu. With a handler the item runs it; with a form it opens that window, some only with the
-/// primary database at hand; with a window that the popup belongs to it is passed on to that one. An item with
-/// none of them, or whose window cannot be made, is disabled. A name of "-" is a separator, no parent a top or
-/// popup menu.
+/// One entry of a menu. With a handler the item runs it; with a form it opens that window, at one of its tabs
+/// where told, some only with the primary database at hand; with a window that the popup belongs to it is
+/// passed on to that one. An item with none of them, or whose window cannot be made, is disabled. A name of
+/// "-" is a separator, no parent a top or popup menu.
 struct MenuTable {
   struct Row {
     const char* name;
@@ -28,6 +28,7 @@ struct MenuTable {
     bool checkable = false;
     bool submenu = false;
     const char* popupOf = nullptr;
+    int tab = -1;  // of that form
     bool needsDatabase = false;
   };
   static const std::vector<Row>& BarRows();
@@ -42,6 +43,9 @@ Row Top(const char* name) { return {.name = name, .submenu = true}; }
 Row Sub(const char* name, const char* parent) { return {.name = name, .parent = parent, .submenu = true}; }
 Row Form(const char* name, const char* parent, const char* form, const char* shortcut = nullptr) {
   return {.name = name, .parent = parent, .form = form, .shortcut = shortcut};
+}
+Row OptionsTab(const char* name, int tab) {
+  return {.name = name, .parent = "mnuOpzioni", .form = "frmSettings", .tab = tab};
 }
 Row FormOverDatabase(const char* name, const char* parent, const char* form) {
   return {.name = name, .parent = parent, .form = form, .needsDatabase = true};
@@ -111,6 +115,9 @@ void AddSkyRows(std::vector<Row>& rows, const std::vector<const char*>& checks, 
   }
 }
 
+/// The window that several can stand open of; its popup belongs to the one that opened it last.
+const char* const passChart = "frmSkySat";
+
 /// Passes the items of a popup from a row on to its window; printing has its own way.
 void PassOn(std::vector<Row>& rows, std::size_t first, const char* form) {
   for (std::size_t i = first; i < rows.size(); ++i) {
@@ -177,6 +184,7 @@ void AddGeneralSky(std::vector<Row>& rows) {
 
 void AddPassChart(std::vector<Row>& rows) {
   const char* const menu = "mnuSkySat";
+  const std::size_t first = rows.size();
   rows.push_back(Top(menu));
   AddSkyRows(
       rows,
@@ -197,6 +205,7 @@ void AddPassChart(std::vector<Row>& rows) {
   rows.insert(rows.end(),
               {Later("mnuSkySatMagnitudine", menu), Line(menu), Later("mnuSkySatRidisegnaMappa", menu),
                Later("mnuSkySatStampa", menu), Later("mnuSkySatChiudi", menu)});
+  PassOn(rows, first, passChart);
 }
 
 }  // namespace
@@ -234,8 +243,14 @@ const std::vector<MenuTable::Row>& MenuTable::BarRows() {
        .parent = "mnuVisualizza",
        .handler = &M::FlipStatusBar,
        .checkable = true},
-      LaterCheck("mnuVisualizzaBarraDati", "mnuVisualizza"),
-      LaterCheck("mnuVisualizzaColoriNotte", "mnuVisualizza"),
+      {.name = "mnuVisualizzaBarraDati",
+       .parent = "mnuVisualizza",
+       .handler = &M::FlipDataPanel,
+       .checkable = true},
+      {.name = "mnuVisualizzaColoriNotte",
+       .parent = "mnuVisualizza",
+       .handler = &M::FlipNightColours,
+       .checkable = true},
       Top("mnuTerra"),
       {.name = "mnuTerraMappaRettangolare", .parent = "mnuTerra", .handler = &M::OpenRecta},
       {.name = "mnuTerraMappaOrtografica", .parent = "mnuTerra", .handler = &M::OpenOrtho},
@@ -264,17 +279,17 @@ const std::vector<MenuTable::Row>& MenuTable::BarRows() {
       Form("mnuOpzioniData", "mnuOpzioni", "frmTime"),
       Form("mnuOpzioniLocalita", "mnuOpzioni", "frmLocation"),
       Line("mnuOpzioni"),
-      Form("mnuOpzioniGenerali", "mnuOpzioni", "frmSettings"),
-      Form("mnuOpzioniSatelliti", "mnuOpzioni", "frmSettings"),
-      Form("mnuOpzioniMappamondo", "mnuOpzioni", "frmSettings"),
-      Form("mnuOpzioniCieloLocale", "mnuOpzioni", "frmSettings"),
-      Form("mnuOpzioniCieloGenerale", "mnuOpzioni", "frmSettings"),
-      Form("mnuOpzioniAnteprime", "mnuOpzioni", "frmSettings"),
-      Form("mnuOpzioniFiltri", "mnuOpzioni", "frmSettings"),
-      Form("mnuOpzioniDownload", "mnuOpzioni", "frmSettings"),
-      Form("mnuOpzioniServerNTP", "mnuOpzioni", "frmSettings"),
-      Form("mnuOpzioniEsegui", "mnuOpzioni", "frmSettings"),
-      Form("mnuOpzioniColori", "mnuOpzioni", "frmSettings"),
+      OptionsTab("mnuOpzioniGenerali", 0),
+      OptionsTab("mnuOpzioniSatelliti", 1),
+      OptionsTab("mnuOpzioniMappamondo", 2),
+      OptionsTab("mnuOpzioniCieloLocale", 3),
+      OptionsTab("mnuOpzioniCieloGenerale", 5),
+      OptionsTab("mnuOpzioniAnteprime", 6),
+      OptionsTab("mnuOpzioniFiltri", 8),
+      OptionsTab("mnuOpzioniDownload", 12),
+      OptionsTab("mnuOpzioniServerNTP", 9),
+      OptionsTab("mnuOpzioniEsegui", 13),
+      OptionsTab("mnuOpzioniColori", 10),
       Line("mnuOpzioni"),
       {.name = "mnuOpzioniLingua", .parent = "mnuOpzioni", .handler = &M::OpenLanguage},
       Top("mnuFinestre"),
@@ -334,14 +349,18 @@ namespace {
 constexpr std::array<std::string_view, 4> heavyForms = {"frmLocalSky", "frmGeneralSky", "frmLocation",
                                                         "frmSettings"};
 
-void OpenForm(std::string_view name) {
+void OpenForm(std::string_view name, int tab) {
   std::optional<WaitPointerHold> wait;
   if (std::find(heavyForms.begin(), heavyForms.end(), name) != heavyForms.end()) {
     // the menu closes before the work starts
     ThePlatform().Yield();
     wait.emplace();
   }
-  if (FormCalls* const form = LoadForm(name)) form->Show();
+  FormCalls* const form = LoadForm(name);
+  if (auto* const settings = dynamic_cast<SettingsCalls*>(form); settings != nullptr && tab >= 0)
+    settings->ShowTab(tab);
+  else if (form != nullptr)
+    form->Show();
 }
 
 }  // namespace
@@ -377,7 +396,7 @@ void MDIForm1::MakeMenus() {
         if (target->handler != nullptr)
           (this->*target->handler)();
         else if (target->form != nullptr && (!target->needsDatabase || DatabaseAtHand()))
-          OpenForm(target->form);
+          OpenForm(target->form, target->tab);
         else if (target->popupOf != nullptr)
           PopupCommand(target->popupOf, *action);
       });
@@ -392,13 +411,14 @@ void MDIForm1::MakeMenus() {
 }
 
 void MDIForm1::PopupCommand(const char* form, QAction& item) {
-  if (!IsFormLoaded(form)) {
+  const std::string name = form == std::string_view(passChart) ? AskingPassChart : form;
+  if (!IsFormLoaded(name)) {
     if (item.isCheckable()) item.setChecked(!item.isChecked());
     return;
   }
   // the menu closes before the work starts, and the window may be closed meanwhile
   ThePlatform().Yield();
-  if (auto* const window = halvorine::Loaded<PopupCalls>(form)) window->MenuCommand(FromQ(item.objectName()));
+  if (auto* const window = halvorine::Loaded<PopupCalls>(name)) window->MenuCommand(FromQ(item.objectName()));
 }
 
 void MDIForm1::MakeToolbar() {

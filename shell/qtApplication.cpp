@@ -4,9 +4,12 @@
 #include <exception>
 
 #include "catalogue/frmDatabase.h"
+#include "controls/frmFloating.h"
 #include "controls/frmProgress.h"
 #include "controls/qtLook.h"
 #include "maps/frmWorldMap.h"
+#include "net/frmDownload.h"
+#include "net/frmSyncro.h"
 #include "prediction/frmCalc.h"
 #include "prediction/frmDetails.h"
 #include "prediction/frmRelative.h"
@@ -15,8 +18,12 @@
 #include "shell/base/qtForms.h"
 #include "shell/frmCalendar.h"
 #include "shell/frmLocation.h"
+#include "shell/frmSettings.h"
 #include "shell/frmTime.h"
 #include "shell/mStart.h"
+#include "sky/frmGeneralSky.h"
+#include "sky/frmLocalSky.h"
+#include "sky/frmSkySat.h"
 
 namespace halvorine {
 
@@ -47,9 +54,16 @@ void RegisterWindows() {
   MakeLoadable<frmDatabase>("frmDatabase");
   MakeLoadable<frmDetails>("frmDetails");
   MakeLoadable<frmVisibleSatellites>("frmVisibleSatellites");
+  MakeLoadable<frmGeneralSky>("frmGeneralSky");
   MakeLoadable<frmLocation>("frmLocation");
   MakeLoadable<frmProgress>("frmProgress");
+  MakeLoadable<frmSkySat>("frmSkySat");
   MakeLoadable<frmWorldMap>("frmWorldMap");
+  MakeLoadable<frmFloating>("frmFloating");
+  MakeLoadable<frmSettings>("frmSettings");
+  MakeLoadable<frmDownload>("frmDownload");
+  MakeLoadable<frmSyncro>("frmSyncro");
+  MakeLoadable<frmLocalSky>("frmLocalSky");
 }
 
 }  // namespace halvorine

@@ -15,6 +15,7 @@ namespace {
 constexpr int circleStars = 293, brightPoints = 1639;  // the last number of a class
 constexpr Colour brightPoint = Rgb(220, 220, 220), faintPoint = Rgb(140, 140, 140);
 constexpr Colour moonRim = Rgb(180, 180, 180), nameColour = Rgb(180, 180, 180);
+constexpr Colour planetRim = Rgb(214, 218, 232);
 constexpr double smallestStar = 1.15, smallestPlanet = 2.2;  // pixels, radius
 constexpr double rimWidth = 0.8;                             // pixels, around planets
 constexpr double himetricPerTwip = 2540.0 / 1440.0;
@@ -38,13 +39,22 @@ class NamePlaces {
 
   void Block(const BodyMark& mark, HalfExtent half) { taken_.push_back(Around(mark, half)); }
 
-  /// Where the pen stands for a name beside a body: at its right, or at the first free side of the others.
+  /// Where the pen stands for a name beside a body: at its right, or at the first other side where the name
+  /// meets no body and no name and stays on the surface.
   DeviceSpot Place(const BodyMark& mark, HalfExtent half, const std::string& name) {
     const Area body = Around(mark, half);
     const double width = surface_.TextWidth(name), height = surface_.TextHeight(name);
     const double x = (body.left + body.right - width) / 2, y = (body.top + body.bottom - height) / 2;
-    const std::array<DeviceSpot, 4> corners = {
-        {{body.right, y}, {body.left - width, y}, {x, body.bottom}, {x, body.top - height}}};
+    const double left = body.left - width - surface_.TextWidth(" ");  // texts begin a little behind the pen
+    const double above = body.top - height;
+    const std::array<DeviceSpot, 8> corners = {{{body.right, y},
+                                                {left, y},
+                                                {x, body.bottom},
+                                                {x, above},
+                                                {body.right, body.bottom},
+                                                {body.right, above},
+                                                {left, body.bottom},
+                                                {left, above}}};
     const auto area = [&](DeviceSpot at) { return Area{at.X, at.Y, at.X + width, at.Y + height}; };
     DeviceSpot chosen = corners.front();
     for (const DeviceSpot& corner : corners) {
@@ -62,7 +72,11 @@ class NamePlaces {
     return {x - half.X, y - half.Y, x + half.X, y + half.Y};
   }
   bool Free(const Area& area) const {
-    return std::none_of(taken_.begin(), taken_.end(), [&](const Area& other) { return area.Meets(other); });
+    const bool inside =
+        area.left >= surface_.UserX(0) * right_ && area.right <= surface_.UserX(surface_.Width()) * right_ &&
+        area.top >= surface_.UserY(0) * down_ && area.bottom <= surface_.UserY(surface_.Height()) * down_;
+    return inside &&
+           std::none_of(taken_.begin(), taken_.end(), [&](const Area& other) { return area.Meets(other); });
   }
 
   const DrawSurface& surface_;
@@ -90,9 +104,11 @@ bool Brighter(const BodyMark& a, const BodyMark& b) {
 
 void DrawPlanet(DrawSurface& surface, const BodyMark& mark) {
   surface.FillColor = PlanetColour(mark.Row);
-  surface.DrawWidth = rimWidth;
   surface.MinimumRadius = smallestPlanet;
   surface.Circle(mark.X, mark.Y, mark.Radius, surface.FillColor);
+  surface.FillStyle = FillKind::Transparent;
+  surface.DrawWidth = rimWidth;
+  surface.Circle(mark.X, mark.Y, mark.Radius, planetRim);
   surface.MinimumRadius = 0;
   surface.DrawWidth = 1;
 }
@@ -109,12 +125,11 @@ void PrintNames(DrawSurface& surface, std::vector<BodyMark> marks, const DrawPic
   surface.Font = {};
   std::stable_sort(marks.begin(), marks.end(), Brighter);
   NamePlaces places(surface);
+  for (const BodyMark& mark : marks) places.Block(mark, HalfExtentOfMark(surface, mark, sunIcon));
   for (const BodyMark& mark : marks) {
-    const HalfExtent half = HalfExtentOfMark(surface, mark, sunIcon);
-    places.Block(mark, half);
     if (!mark.Named) continue;
     const std::string name = BodyName(mark.Row);
-    const DeviceSpot at = places.Place(mark, half, name);
+    const DeviceSpot at = places.Place(mark, HalfExtentOfMark(surface, mark, sunIcon), name);
     surface.CurrentX = at.X;
     surface.CurrentY = at.Y;
     surface.Print(name);

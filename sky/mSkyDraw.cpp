@@ -151,7 +151,9 @@ void DrawCompass(DrawSurface& surface, const SkyView& view) {
     const std::size_t text = (first + i) % ring.size();
     const bool side = text % 3 == 0;
     surface.Font = {.Points = side ? 10.0 : 8.0, .Bold = side};
-    PrintAt(surface, points[i][0], points[i][1], ring[text]);
+    // a text of the whole view stays inside it; texts begin a little behind the pen
+    const double last = surface.UserX(surface.Width()) - surface.TextWidth(std::string(ring[text]) + " ");
+    PrintAt(surface, view.Zoomed ? points[i][0] : std::min(points[i][0], last), points[i][1], ring[text]);
   }
 }
 

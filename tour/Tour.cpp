@@ -7,18 +7,25 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTabWidget>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTextStream>
+#include <fstream>
 #include <functional>
 #include <iostream>
 #include <set>
 #include <vector>
 
+#include "astro/mAstro.h"
 #include "astro/mConv.h"
 #include "catalogue/frmChannel.h"
 #include "catalogue/frmFile.h"
 #include "catalogue/mCatalogue.h"
 #include "catalogue/qtDatabaseList.h"
+#include "controls/qtPreview.h"
+#include "controls/qtPrint.h"
+#include "orbit/mSat.h"
 #include "shell/MDIForm1.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mReg.h"
@@ -31,19 +38,27 @@
 #include "shell/mStart.h"
 #include "shell/mTick.h"
 #include "shell/qtApplication.h"
+#include "tour/Charts.h"
 
 namespace halvorine {
 namespace {
+
+/// The instant of the tour, Universal Time.
+Date tourClock = DateOf(2022, 6, 14) + (20 * 3600 + 8 * 60 + 41) / 86400.0;
 
 /// The computer as the tour wants it: a clock that stands, settings of its own, no question left open.
 class TourPlatform : public QtPlatform {
  public:
   explicit TourPlatform(std::string settings) : settings_(std::move(settings)) {}
-  Date ComputerClockUtc() override { return clock_; }
+  Date ComputerClockUtc() override { return tourClock; }
   std::string SettingsFile() override { return settings_; }
   bool FirstInstance() override { return true; }
   std::optional<ZoneBias> GetZoneBias() override { return std::nullopt; }
-  std::optional<std::string> ChooseFile(const FileQuestion& /*question*/) override { return std::nullopt; }
+  std::optional<std::string> ChooseFile(const FileQuestion& question) override {
+    if (!question.saving) return std::nullopt;
+    return UserFolder + "/visual.txt";
+  }
+  void SetComputerClock(Date /*utc*/, const ClockAnswered& answered) override { answered({}); }
   MessageAnswer ShowMessage(MessageKind /*kind*/, const std::string& /*caption*/, const std::string& text,
                             MessageButtons buttons) override {
     std::cout << "    the program tells: " << text << "\n";
@@ -51,7 +66,6 @@ class TourPlatform : public QtPlatform {
   }
 
  private:
-  Date clock_ = DateOf(2022, 6, 14) + (20 * 3600 + 8 * 60 + 41) / 86400.0;
   std::string settings_;
 };
 
@@ -94,6 +108,65 @@ QWidget* OpenMap(MDIForm1& window, const char* command, QSize size) {
   Settle();
   tmrCentrale_Timer();
   return map != nullptr ? map->parentWidget() : nullptr;
+}
+
+/// The download window with an answer of a server on loopback, a second after it began.
+QWidget* Download(MDIForm1& window, const QByteArray& answer, bool closes) {
+  QTcpServer server;
+  server.listen(QHostAddress::LocalHost);
+  QObject::connect(&server, &QTcpServer::newConnection, [&] {
+    QTcpSocket* const socket = server.nextPendingConnection();
+    socket->setParent(&window);
+    socket->write(answer);
+    if (closes) socket->disconnectFromHost();
+  });
+  // the window of the stop before has ended, but is deleted only now
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  std::ofstream(UserFolder + "/visual.txt") << "the file of last week\n";
+  window.RunCommand("mnuStrumentiDownload");
+  auto* const form = window.findChild<QWidget*>(QStringLiteral("frmDownload"));
+  auto* const entry = Control<QComboBox>(form, "cmbFileRemoto");
+  entry->setEditText(QStringLiteral("127.0.0.1:%1/NORAD/elements/visual.txt").arg(server.serverPort()));
+  Control<QAbstractButton>(form, "cmdOK")->click();
+  entry->setEditText(QStringLiteral("celestrak.org/NORAD/elements/visual.txt"));
+  QElapsedTimer clock;
+  for (clock.start(); clock.elapsed() < 1500;)
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+  return form;
+}
+
+/// The next instant at which a followed satellite rises well to be seen; it becomes the principal one.
+Date NextSight(Date utc) {
+  for (int step = 0; step < 2000; ++step, utc = AddSeconds(utc, 20)) {
+    UpdateSiderealTime(AddSeconds(utc, ZoneShift() * 3600));
+    for (int slot = 1; slot <= ActiveCount; ++slot) {
+      const SatelliteState& state = SatelliteStates[slot];
+      ComputeSatelliteState(slot, ClockFields.JulianDayNow);
+      if (state.Elevation < 15 || state.RangeRate > -3 || state.Condition != Visible) continue;
+      SwapActive(1, slot);
+      return utc;
+    }
+  }
+  return utc;
+}
+
+/// The local sky at an instant, with figures and names, and the transit where wanted.
+QWidget* OpenLocalSky(MDIForm1& window, Date whenUtc, bool transit) {
+  window.RunCommand("mnuCieloMappaLocale");
+  auto* const sky = window.findChild<QWidget*>(QStringLiteral("frmLocalSky"));
+  if (sky == nullptr) return nullptr;
+  tourClock = AddSeconds(whenUtc, 0);
+  tmrCentrale_Timer();
+  for (const char* const item : {"mnuLocalSkyGriglia", "mnuLocalSkyOggettiCostellazioni",
+                                 "mnuLocalSkyEtichetteCostellazioni", "mnuLocalSkyEtichetteSoleLuna"})
+    if (!window.IsChecked(item)) window.RunCommand(item);
+  if (window.IsChecked("mnuLocalSkyTransitoPrincipale") != transit)
+    window.RunCommand("mnuLocalSkyTransitoPrincipale");
+  sky->parentWidget()->resize(820, 560);
+  Settle();
+  Loaded<LocalSkyCalls>("frmLocalSky")->Genera_mappa();
+  tmrCentrale_Timer();
+  return sky->parentWidget();
 }
 
 std::vector<Stop> Stops(MDIForm1& window) {
@@ -161,6 +234,15 @@ std::vector<Stop> Stops(MDIForm1& window) {
          Settle();
          return child("frmDetails");
        }},
+      {"frmPreview", "Its pages, before they are printed",
+       [=, &window] {
+         QStringList rows;
+         const QAbstractItemModel* const model = Control<RowList>(child("frmDetails"), "List1")->model();
+         for (int row = 0; row < model->rowCount(); ++row) rows << model->index(row, 0).data().toString();
+         ThePrinter().setPageOrientation(QPageLayout::Landscape);
+         return dialog(new frmPreview(&window, ThePrinter(), child("frmDetails")->windowTitle(),
+                                      [rows](QPrinter& printer) { return PrintRows(printer, rows); }));
+       }},
       {"frmVisibleSatellites", "The passes of one night, and the report of the chosen one",
        [=, &window] {
          window.RunCommand("mnuSatellitiPrevisioniPassaggi");
@@ -206,6 +288,26 @@ std::vector<Stop> Stops(MDIForm1& window) {
          Control<QAbstractButton>(&window, "cmdModifica")->click();
          return window.findChild<QWidget*>(QStringLiteral("frmAddLocation"));
        }},
+      {"frmDownload", "A file of elements comes from a server",
+       [&window] {
+         return Download(window, "HTTP/1.1 200 OK\r\nContent-Length: 34000\r\n\r\n" + QByteArray(14280, '1'),
+                         false);
+       }},
+      {"frmDownload-End",
+       "Nothing is lost when the file has moved: the old one stays, the new address is told",
+       [&window] {
+         return Download(
+             window,
+             "HTTP/1.1 301 Moved Permanently\r\nLocation: "
+             "https://celestrak.org/NORAD/elements/gp.php?GROUP=visual&FORMAT=TLE&from=short-address\r\n"
+             "\r\nmoved",
+             true);
+       }},
+      {"frmSyncro", "The clock is set from a time server",
+       [&window] {
+         window.RunCommand("mnuStrumentiSincronizzazione");
+         return window.findChild<QWidget*>(QStringLiteral("frmSyncro"));
+       }},
       {"frmProgress", "Long work shows how far it is, and can be cancelled",
        [] {
          if (FormCalls* const location = LoadedForm("frmLocation")) location->Unload();
@@ -226,8 +328,58 @@ std::vector<Stop> Stops(MDIForm1& window) {
        }},
       {"frmWorldMap-Recta", "The rectangular map with track, circle, night side and the live values",
        [&window] { return OpenMap(window, "mnuTerraMappaRettangolare", QSize(960, 590)); }},
+      {"frmLocalSky", "The observer's sky with the principal satellite's transit",
+       [&window] {
+         if (FormCalls* const map = LoadedForm("frmWorldMap")) map->Unload();
+         return OpenLocalSky(window, NextSight(DateOf(2022, 6, 14) + 20.5 / 24), true);
+       }},
+      {"frmLocalSky-Day", "The sky by day",
+       [&window] { return OpenLocalSky(window, DateOf(2022, 6, 15) + 13.0 / 24, false); }},
+      {"frmLocalSky-Twilight", "The sky in twilight",
+       [&window] { return OpenLocalSky(window, DateOf(2022, 6, 15) + 19.9 / 24, false); }},
+      {"frmSettings-Filters", "Options: which passes a list keeps",
+       [=, &window] {
+         window.RunCommand("mnuOpzioniFiltri");
+         Settle();
+         return child("frmSettings");
+       }},
+      {"frmSettings-Colours", "Options: the colours of maps and charts",
+       [=, &window] {
+         window.RunCommand("mnuOpzioniColori");
+         Settle();
+         return child("frmSettings");
+       }},
+      {"frmFloating", "The live values in a window of their own",
+       [&window] {
+         if (FormCalls* const settings = LoadedForm("frmSettings")) settings->Unload();
+         window.RunCommand("mnuVisualizzaBarraDati");
+         return window.findChild<QWidget*>(QStringLiteral("frmFloating"));
+       }},
+      {"frmGeneralSky", "The whole sphere: stars to magnitude 6, the planets and the Moon",
+       [&window] { return OpenGeneralSky(window, false); }},
+      {"frmGeneralSky-All", "With grid, figures and all names",
+       [&window] { return OpenGeneralSky(window, true); }},
+      {"frmGeneralSky-Zoom", "A part of it, dragged out by the mouse",
+       [&window] { return ZoomGeneralSky(window); }},
+      {"frmSkySat", "A predicted pass among the stars, with its data",
+       [] {
+         if (FormCalls* const sky = LoadedForm("frmGeneralSky")) sky->Unload();
+         return OpenPassChart();
+       }},
+      {"frmSkySat-All", "Another chart of it with grid, figures, names and times",
+       [&window] { return OpenFullPassChart(window); }},
+      {"MDIForm1-Night", "Night colours for eyes that are used to the dark",
+       [&window]() -> QWidget* {
+         for (const char* const name : {"frmFloating", "frmSkySat1", "frmSkySat2"})
+           if (FormCalls* const form = LoadedForm(name)) form->Unload();
+         window.RunCommand("mnuVisualizzaColoriNotte");
+         return &window;
+       }},
       {"MDIForm1", "The main window with its menus, toolbar and status bar",
-       [&window]() -> QWidget* { return &window; }},
+       [&window]() -> QWidget* {
+         if (NightColoursActive) window.RunCommand("mnuVisualizzaColoriNotte");
+         return &window;
+       }},
   };
 }
 

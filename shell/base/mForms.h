@@ -91,6 +91,15 @@ class GeneralSkyCalls : public FormCalls {
 class FloatingCalls : public FormCalls {
  public:
   virtual void ShowTexts(const LiveTexts& texts) = 0;
+  /// Shows the panel or hides it; hidden it keeps its place and its opacity.
+  virtual void SetShown(bool shown) = 0;
+};
+
+/// frmSettings.
+class SettingsCalls : public FormCalls {
+ public:
+  /// Shows the window with one of its tabs, from 0.
+  virtual void ShowTab(int tab) = 0;
 };
 
 /// frmTime: real time or simulation, and its labels.

@@ -41,6 +41,10 @@ bool YieldClock::Due() {
   return true;
 }
 
+std::optional<std::int32_t> Platform::ChooseColour(const std::string& /*title*/, std::int32_t /*start*/) {
+  return std::nullopt;
+}
+
 void Platform::WriteFile(const std::string& path, const std::string& content) {
   std::error_code ignored;
   const std::filesystem::path folder = std::filesystem::path(path).parent_path();

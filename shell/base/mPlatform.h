@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -28,6 +29,13 @@ struct ZoneBias {
   bool isDaylight = false;
 };
 
+/// What came of setting the clock; `reason` is what the system said where it refused.
+struct ClockAnswer {
+  bool set = false;
+  std::string reason;
+};
+using ClockAnswered = std::function<void(const ClockAnswer&)>;
+
 class Platform {
  public:
   virtual ~Platform() = default;
@@ -37,6 +45,9 @@ class Platform {
                                     MessageButtons buttons) = 0;
   /// The chosen file with its path, or nothing when the user cancels.
   virtual std::optional<std::string> ChooseFile(const FileQuestion& question) = 0;
+  /// The colour chosen in the system's colour dialog, which begins at a colour (blue*65536 + green*256 + red
+  /// as everywhere), or nothing when the user cancels.
+  virtual std::optional<std::int32_t> ChooseColour(const std::string& title, std::int32_t start);
   /// Lets pending events run.
   virtual void Yield() = 0;
   /// Shows the wait pointer, or the normal one again. Calls nest.
@@ -47,8 +58,9 @@ class Platform {
   virtual std::int64_t Milliseconds() = 0;
   /// The computer's zone, or nothing when the system has no zone information.
   virtual std::optional<ZoneBias> GetZoneBias() = 0;
-  /// Sets the computer's clock (Universal Time); false where that is refused.
-  virtual bool SetComputerClock(Date utc) = 0;
+  /// Sets the computer's clock (Universal Time). `answered` is called once: before the call returns, or
+  /// later, when the system has asked the user for the right to do so.
+  virtual void SetComputerClock(Date utc, const ClockAnswered& answered) = 0;
   /// The file that holds the settings of this user.
   virtual std::string SettingsFile() = 0;
   /// Opens a help file at its contents (topic 0), its search (-1) or a topic; false where that fails.

@@ -2,11 +2,13 @@
 // inside the main window's work area. A child window publishes its calls (mForms) while it is loaded.
 #pragma once
 
+#include <QColor>
 #include <QDialog>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QString>
 #include <QWidget>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -18,6 +20,14 @@ inline QString ToQ(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 inline std::string FromQ(const QString& text) { return text.toStdString(); }
+
+/// A colour as the records hold it, blue*65536 + green*256 + red, and back.
+inline QColor ColourOf(std::int32_t number) {
+  return {number & 255, (number >> 8) & 255, (number >> 16) & 255};
+}
+inline std::int32_t NumberOf(const QColor& colour) {
+  return colour.blue() * 65536 + colour.green() * 256 + colour.red();
+}
 
 /// Text of the language file for a control.
 QString Text(std::string_view section, std::string_view key);

@@ -1,12 +1,14 @@
 #include "shell/base/qtPlatform.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QDateTime>
 #include <QDeadlineTimer>
 #include <QDesktopServices>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QNetworkInformation>
 #include <QProcess>
 #include <QStandardPaths>
@@ -14,7 +16,9 @@
 #include <QUrl>
 
 #include "controls/qtMessage.h"
+#include "shell/base/mGlobal.h"
 #include "shell/base/mText.h"
+#include "shell/base/qtClock.h"
 #include "shell/base/qtForms.h"
 
 namespace halvorine {
@@ -36,6 +40,35 @@ QString DialogFilter(const std::string& filter) {
                   QLatin1Char(')');
   }
   return result.join(QLatin1String(";;"));
+}
+
+/// The ending that a kind of files gives to a name without one: "csv" of "CSV files (*.csv)".
+QString EndingOf(const QString& filter) {
+  const qsizetype at = filter.lastIndexOf(QLatin1String("(*."));
+  if (at < 0) return {};
+  qsizetype end = at + 3;
+  while (end < filter.size() && filter[end].isLetterOrNumber()) ++end;
+  return filter.mid(at + 3, end - at - 3);
+}
+
+/// The desktop's own dialogs know no night colours.
+QFileDialog::Options ChooserOptions() {
+  return NightColoursActive ? QFileDialog::DontUseNativeDialog : QFileDialog::Options();
+}
+
+/// Asks for a file to save; a name without an ending gets that of the chosen kind.
+QString AskSaveName(QWidget* parent, const QString& title, const QString& initial, const QString& filter) {
+  QFileDialog dialog(parent, title, {}, filter);
+  dialog.setOptions(ChooserOptions());
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  const QFileInfo start(initial);
+  if (!initial.isEmpty()) dialog.setDirectory(start.isDir() ? initial : start.absolutePath());
+  if (!initial.isEmpty() && !start.isDir()) dialog.selectFile(start.fileName());
+  const auto follow = [&dialog](const QString& chosen) { dialog.setDefaultSuffix(EndingOf(chosen)); };
+  follow(dialog.selectedNameFilter());
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 /// The system's calculator goes by many names.
@@ -62,10 +95,20 @@ std::optional<std::string> QtPlatform::ChooseFile(const FileQuestion& question) 
   const QString filter = DialogFilter(question.filter);
   const QString initial = ToQ(question.initial);
   QWidget* const parent = QApplication::activeWindow();
-  const QString chosen = question.saving ? QFileDialog::getSaveFileName(parent, title, initial, filter)
-                                         : QFileDialog::getOpenFileName(parent, title, initial, filter);
+  const QString chosen = question.saving ? AskSaveName(parent, title, initial, filter)
+                                         : QFileDialog::getOpenFileName(parent, title, initial, filter,
+                                                                        nullptr, ChooserOptions());
   if (chosen.isEmpty()) return std::nullopt;
   return FromQ(chosen);
+}
+
+std::optional<std::int32_t> QtPlatform::ChooseColour(const std::string& title, std::int32_t start) {
+  const QColorDialog::ColorDialogOptions options =
+      NightColoursActive ? QColorDialog::DontUseNativeDialog : QColorDialog::ColorDialogOptions();
+  const QColor chosen =
+      QColorDialog::getColor(ColourOf(start), QApplication::activeWindow(), ToQ(title), options);
+  if (!chosen.isValid()) return std::nullopt;
+  return NumberOf(chosen);
 }
 
 void QtPlatform::Yield() { QCoreApplication::processEvents(); }
@@ -90,7 +133,7 @@ std::optional<ZoneBias> QtPlatform::GetZoneBias() {
   return ZoneBias{-zone.offsetFromUtc(now) / 60, zone.isDaylightTime(now)};
 }
 
-bool QtPlatform::SetComputerClock(Date /*utc*/) { return false; }
+void QtPlatform::SetComputerClock(Date utc, const ClockAnswered& answered) { SetClock(utc, answered); }
 
 std::string QtPlatform::SettingsFile() {
   return FromQ(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)) + "/settings.txt";

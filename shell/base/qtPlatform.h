@@ -13,12 +13,13 @@ class QtPlatform : public Platform {
   MessageAnswer ShowMessage(MessageKind kind, const std::string& caption, const std::string& text,
                             MessageButtons buttons) override;
   std::optional<std::string> ChooseFile(const FileQuestion& question) override;
+  std::optional<std::int32_t> ChooseColour(const std::string& title, std::int32_t start) override;
   void Yield() override;
   void WaitPointer(bool on) override;
   Date ComputerClockUtc() override;
   std::int64_t Milliseconds() override;
   std::optional<ZoneBias> GetZoneBias() override;
-  bool SetComputerClock(Date utc) override;
+  void SetComputerClock(Date utc, const ClockAnswered& answered) override;
   std::string SettingsFile() override;
   bool OpenHelp(const std::string& file, int topic) override;
   bool StartProcess(const std::string& commandLine) override;

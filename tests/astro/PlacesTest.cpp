@@ -52,6 +52,14 @@ TEST_F(Places, ZenithKeepsTheFormerAltitude) {
   EXPECT_GE(azimuth, 0);
 }
 
+TEST_F(Places, AtThePoleTheZenithHasNoDeclination) {
+  ClockFields.LocalSiderealHours = 6.25;
+  Site.Latitude = 90;
+  EquatorialParts parts;
+  HorizontalToEquatorial(1, std::acos(-1.0) / 2, parts);
+  EXPECT_EQ(parts.decDegrees, 0);
+}
+
 TEST_F(Places, EclipticPoleKeepsTheFormerDeclination) {
   double rightAscension = -1, declination = -7;
   EclipticToEquatorial(std::acos(-1.0) / 2, 0, 0, rightAscension, declination);
@@ -83,15 +91,19 @@ TEST_F(Places, ShownPartsReturnToThePlaceTheyCameFrom) {
 }
 
 TEST_F(Places, MeridianTakesHourAngleZeroWhereRoundingPassesOne) {
-  // due south at the meridian: 1 - c*c comes out at 0 or just below
-  Site.Latitude = 45;
+  // on the meridian 1 - c*c comes out at 0 or just below
   ClockFields.LocalSiderealHours = 3;
-  for (int step = 0; step < 125; ++step) {
-    const double altitude = 1 + 0.7 * step;
-    EquatorialParts parts;
-    HorizontalToEquatorial(Pi, altitude * DegToRad, parts);
-    const double ra = DmsToDecimal(parts.raHours, parts.raMinutes, parts.raSeconds);
-    EXPECT_NEAR(std::remainder(ra - 3, 24), 0, 1.01 / 3600) << altitude;
+  for (const auto& [latitude, azimuth, first, step] :
+       {std::array{45.0, Pi, 1.0, 0.7}, std::array{-89.0, 0.0, 0.03, 0.03},
+        std::array{-88.0, 0.0, 0.03, 0.03}}) {
+    Site.Latitude = ToSingle(latitude);
+    for (int row = 0; row < 120; ++row) {
+      const double altitude = first + step * row;
+      EquatorialParts parts;
+      HorizontalToEquatorial(azimuth, altitude * DegToRad, parts);
+      const double ra = DmsToDecimal(parts.raHours, parts.raMinutes, parts.raSeconds);
+      EXPECT_NEAR(std::remainder(ra - 3, 12), 0, 1.01 / 3600) << latitude << " " << altitude;
+    }
   }
 }
 

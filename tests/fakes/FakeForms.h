@@ -93,6 +93,16 @@ class FakeSkySat : public FakeForm<SkySatCalls> {
   PassChart shown;
 };
 
+class FakeMagnitude : public FakeForm<MagnitudeCalls> {
+ public:
+  explicit FakeMagnitude(CallLog& log) : FakeForm("frmMagnitude", log) {}
+  void ShowFor(std::string_view tag) override {
+    Note("ShowFor " + std::string(tag));
+    const std::string chart = tag == "anteprima" ? AskingPassChart : "frmGeneralSky";
+    if (auto* const stars = Loaded<StarCountCalls>(chart)) stars->SetStarCount(23);
+  }
+};
+
 class FakePlanets : public FakeForm<RefreshCalls> {
  public:
   explicit FakePlanets(CallLog& log) : FakeForm("frmPlanets", log) {}

@@ -3,7 +3,9 @@
 
 #include <deque>
 #include <functional>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "shell/base/mPlatform.h"
@@ -21,14 +23,19 @@ class FakePlatform : public Platform {
     MessageButtons buttons;
   };
 
-  std::deque<MessageAnswer> answers;    // taken one by one; afterwards the default answer
-  std::deque<std::string> chosenFiles;  // an empty text is a cancelled chooser, so is an empty queue
+  std::deque<MessageAnswer> answers;       // taken one by one; afterwards the default answer
+  std::deque<std::string> chosenFiles;     // an empty text is a cancelled chooser, so is an empty queue
+  std::deque<std::int32_t> chosenColours;  // an empty queue is a cancelled colour dialog
+  std::vector<std::pair<std::string, std::int32_t>> colourQuestions;
   std::function<void()> onYield, onMessage;
   std::vector<Message> messages;
   std::vector<FileQuestion> fileQuestions;
   std::vector<std::string> processes;
   std::vector<int> helpTopics;
   Date clockUtc = 0;
+  std::vector<Date> clockOrders;           // what the clock was to be set to; it is never moved
+  std::optional<ClockAnswer> clockAnswer;  // given at once; without one the order waits in clockAsked
+  ClockAnswered clockAsked;
   std::int64_t milliseconds = 0, millisecondsPerLook = 0;
   std::optional<ZoneBias> zone;
   std::string settingsFile;
@@ -61,6 +68,13 @@ class FakePlatform : public Platform {
     if (chosen.empty()) return std::nullopt;
     return chosen;
   }
+  std::optional<std::int32_t> ChooseColour(const std::string& title, std::int32_t start) override {
+    colourQuestions.emplace_back(title, start);
+    if (chosenColours.empty()) return std::nullopt;
+    const std::int32_t chosen = chosenColours.front();
+    chosenColours.pop_front();
+    return chosen;
+  }
   void Yield() override {
     ++yields;
     if (onYield) onYield();
@@ -69,9 +83,10 @@ class FakePlatform : public Platform {
   Date ComputerClockUtc() override { return clockUtc; }
   std::int64_t Milliseconds() override { return milliseconds += millisecondsPerLook; }
   std::optional<ZoneBias> GetZoneBias() override { return zone; }
-  bool SetComputerClock(Date utc) override {
-    clockUtc = utc;
-    return true;
+  void SetComputerClock(Date utc, const ClockAnswered& answered) override {
+    clockOrders.push_back(utc);
+    clockAsked = answered;
+    if (clockAnswer) answered(*clockAnswer);
   }
   std::string SettingsFile() override { return settingsFile; }
   bool OpenHelp(const std::string& file, int topic) override {

@@ -18,6 +18,8 @@ struct Primitive {
   std::string text;
   const DrawPicture* picture = nullptr;
   bool filled = false, shaded = false, curve = false;
+  Colour fill = -1;           // of round ones, -1 for none
+  double start = 0, end = 0;  // of sectors
 };
 
 class RecordingSurface : public DrawSurface {
@@ -83,9 +85,13 @@ class RecordingSurface : public DrawSurface {
 
  private:
   Primitive& Add(Primitive::Kind kind, Colour colour) {
-    Primitive item{kind, Layer(), colour, 0, 0, 0, 0, {}, {}, {}, {}, nullptr, false, shading_, curving_};
-    drawn.push_back(item);
-    return drawn.back();
+    Primitive& item = drawn.emplace_back();
+    item.kind = kind;
+    item.layer = Layer();
+    item.colour = colour;
+    item.shaded = shading_;
+    item.curve = curving_;
+    return item;
   }
   Primitive& Place(Primitive& item, DeviceSpot from, DeviceSpot to) {
     item.from = from;
@@ -102,6 +108,9 @@ class RecordingSurface : public DrawSurface {
     item.x2 = round.RadiusX;
     item.y2 = round.RadiusY;
     item.filled = fill.has_value();
+    item.fill = fill.value_or(-1);
+    item.start = round.Start.value_or(0);
+    item.end = round.End.value_or(0);
   }
 
   DeviceSize size_;

@@ -25,6 +25,10 @@ namespace halvorine {
 class RunningProgram : public testing::Test {
  protected:
   RunningProgram() {
+    for (const int index : {Primary, Secondary}) {
+      DatabaseOf(index).Erase();  // what the test before has read
+      ChangeSortKey(index, SortKey::Name);
+    }
     platform_.settingsFile = folder_.SettingsFile();
     platform_.onYield = [] { QCoreApplication::processEvents(); };
     platform_.clockUtc = DateOf(2022, 6, 14) + 0.5;

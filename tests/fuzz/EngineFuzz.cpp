@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,6 +16,9 @@
 #include "catalogue/mCatalogue.h"
 #include "catalogue/mElementFile.h"
 #include "catalogue/mTables.h"
+#include "net/mDownload.h"
+#include "net/mHttp.h"
+#include "net/mTimeProtocol.h"
 #include "orbit/mSat.h"
 #include "orbit/mSatTexts.h"
 #include "shell/base/mFiles.h"
@@ -286,13 +290,43 @@ void ElementFiles(std::string_view text) {
   RemoveSelected({0});
 }
 
+/// The first byte tells how long the pieces of an answer are; the rest is the answer, an entry, and a reply.
+void Network(std::string_view text) {
+  if (text.empty()) return;
+  const std::size_t piece = static_cast<unsigned char>(text.front()) + std::size_t{1};
+  text.remove_prefix(1);
+  HttpTransfer torn, whole;
+  for (std::size_t at = 0; at < text.size(); at += piece) TakeBytes(torn, text.substr(at, piece));
+  TakeBytes(whole, text);
+  Demand(torn.Buffer == text && whole.Buffer == text && torn.ContentLength == whole.ContentLength &&
+         torn.BytesReceived == whole.BytesReceived);
+  const std::optional<HttpAnswer> answer = ReadAnswer(text);
+  Demand(answer.has_value() == whole.HeaderSeen);
+  if (answer) {
+    Demand(answer->Body.size() <= static_cast<std::size_t>(whole.BytesReceived));
+    Demand(IsUtf8(answer->StatusText) && IsUtf8(answer->Location));
+    Demand(CompletionText(*answer, "kept").find('\r') == std::string::npos);
+  }
+  TickTransfer(whole, 1);
+  TickTransfer(whole, 0);
+  if (const std::optional<RemoteAddress> address = ReadAddress(text)) {
+    const std::string request = RequestText(*address);
+    Demand(std::count(request.begin(), request.end(), '\n') == 5 && address->Port != 0);
+  }
+  const std::string name = RemoteFileName(text);
+  Demand(IsUtf8(name) && name.find('/') == std::string::npos && name != "." && name != "..");
+  if (const std::optional<Date> instant =
+          InstantOfReply(text.substr(0, 6), ToSingle(static_cast<double>(piece))))
+    Demand(*instant > 7000 && *instant < 60000);
+}
+
 struct Reader {
   char letter;
   void (*read)(std::string_view);
 };
 
 /// Letters are those that tools/fuzz puts before its seeds; any other byte counts through the table.
-constexpr std::array<Reader, 13> readers{{{'n', Numbers},
+constexpr std::array<Reader, 14> readers{{{'n', Numbers},
                                           {'e', Elements},
                                           {'s', States},
                                           {'l', Language},
@@ -304,7 +338,8 @@ constexpr std::array<Reader, 13> readers{{{'n', Numbers},
                                           {'p', Planets},
                                           {'g', Figures},
                                           {'t', Stars},
-                                          {'d', ElementFiles}}};
+                                          {'d', ElementFiles},
+                                          {'h', Network}}};
 
 void ReadOne(char selector, std::string_view text) {
   const auto named = std::find_if(readers.begin(), readers.end(),

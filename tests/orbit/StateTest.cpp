@@ -268,6 +268,29 @@ TEST_F(SkippedStatements, ResultsBeyondTheRangeOfDoublesStay) {
   EXPECT_EQ(StateScratch.y, scratch.y);
 }
 
+TEST_F(SkippedStatements, EachOfTheOtherOverflowsLeavesItsValue) {
+  const SatelliteState before = Compute(2458139.7);
+  // from near the centre of the Earth away from the observer, faster than a number holds
+  const StateScratchRecord k = StateScratch;
+  const std::array<double, 3> fixed = Scaled(k.observer, -3.45e304);
+  PositionKm = {1e-3, 1e-3, 1e-3};
+  VelocityKmS = {k.cosTheta * fixed[0] + k.sinTheta * fixed[1], k.cosTheta * fixed[1] - k.sinTheta * fixed[0],
+                 fixed[2]};
+  EXPECT_EQ(Compute(2458139.7).RangeRate, before.RangeRate);
+
+  PositionKm = {-3000, 5000, 4000};
+  VelocityKmS = {1, 2, 7};
+  Compute(2458139.7);
+  const double e = StateScratch.e;
+  PositionKm = {1e70, 0, 0};
+  VelocityKmS = {0, 1e70, 1e70};
+  Compute(2458139.7);
+  EXPECT_GT(StateScratch.eccentricityVector[0], 1e200);
+  EXPECT_EQ(StateScratch.e, e) << "the square of the eccentricity";
+
+  EXPECT_EQ(Compute(1e300).OrbitNumber, before.OrbitNumber) << "more orbits than a number holds";
+}
+
 TEST_F(SkippedStatements, BehindTheEarthOnTheSunsLineKeepsTheFormerShadowDistance) {
   bool hit = false;
   for (int i = 0; i < 5000 && !hit; ++i) {

@@ -103,6 +103,11 @@ TEST_F(EveryWindowTest, AllMayBeOpenedUsedAndClosedDuringLongWork) {
   const std::map<std::string, std::function<void()>> works = {
       {"a read", [&] { Database_satelliti(sample); }},
       {"a view", [&] { Load<DetailsCalls>("frmDetails")->LeggiDiretto(sample); }},
+      {"a table",
+       [] {
+         double step = 60;
+         Load<DetailsCalls>("frmDetails")->Genera_elenco(1, CurrentDate, CurrentDate + 2, step, 1);
+       }},
       {"a summary", [] { Load<DetailsCalls>("frmDetails")->Sommario(0); }},
       {"a search of passes", [] { RunPasses({.start = CurrentDate, .duration = 12}); }},
   };

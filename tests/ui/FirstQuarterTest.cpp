@@ -171,37 +171,44 @@ TEST_F(FirstQuarterTest, EveryCommandDoesWhatItSaysOrIsDisabled) {
   const std::map<std::string, std::string> opens = {
       {"mnuTerraMappaRettangolare", "frmWorldMap"},
       {"mnuTerraMappaOrtografica", "frmWorldMap"},
+      {"mnuCieloMappaLocale", "frmLocalSky"},
       {"mnuSatellitiDatabase", "frmDatabase"},
       {"mnuSatellitiCalcoloEffemeridi", "frmCalc"},
       {"mnuSatellitiMotoRelativo", "frmRelative"},
       {"mnuSatellitiPrevisioniPassaggi", "frmVisibleSatellites"},
       {"mnuStrumentiCalendario", "frmCalendar"},
       {"mnuOpzioniData", "frmTime"},
-      {"mnuOpzioniLocalita", "frmLocation"}};
+      {"mnuOpzioniLocalita", "frmLocation"},
+      {"mnuStrumentiDownload", "frmDownload"},
+      {"mnuStrumentiSincronizzazione", "frmSyncro"}};
   // these ask with a window of their own that waits, or end the program; other tests drive them
   const QStringList waiting{"mnuOpzioniLingua", "mnuAiutoInformazioni", "mnuFileEsci",
                             "mnuFileImpostaStampante", "mnuFileStampa"};
-  int enabled = 0, disabled = 0;
+  int enabled = 0;
+  QStringList disabled;
   for (QAction* const action : window_->findChildren<QAction*>()) {
     const QString name = action->objectName();
     if (!name.startsWith(QLatin1String("mnu")) || action->menu() != nullptr || waiting.contains(name))
       continue;
     if (!action->isEnabled()) {
-      ++disabled;
+      disabled << name;
       continue;
     }
     ++enabled;
     const bool checked = action->isChecked();
     window_->RunCommand(FromQ(name));
     QCoreApplication::processEvents();
-    EXPECT_TRUE(!action->isCheckable() || action->isChecked() != checked) << FromQ(name);
+    // a chart's items do nothing while it is closed, as all windows are by then
+    EXPECT_TRUE(!action->isCheckable() || name.contains(QLatin1String("Sky")) ||
+                action->isChecked() != checked)
+        << FromQ(name);
     const auto form = opens.find(FromQ(name));
     if (form == opens.end()) continue;
     ASSERT_TRUE(IsFormLoaded(form->second)) << form->first;
     EXPECT_TRUE(Control<QWidget>(window_.get(), form->second.c_str())->isVisible()) << form->first;
   }
   EXPECT_GE(enabled, 35);
-  EXPECT_GE(disabled, 40) << "charts, predictions and tables have no windows yet";
+  EXPECT_LE(disabled.size(), 14) << FromQ(disabled.join(QLatin1Char(' ')));
 }
 
 }  // namespace

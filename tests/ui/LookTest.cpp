@@ -67,18 +67,6 @@ class Look : public testing::Test {
   }
 };
 
-/// Pixels that are neither black, red nor the grey of what is disabled (whose edges mix with the dark red).
-int PixelsNotRed(const QImage& picture) {
-  int count = 0;
-  for (int y = 0; y < picture.height(); ++y)
-    for (int x = 0; x < picture.width(); ++x) {
-      const QRgb c = picture.pixel(x, y);
-      const bool disabled = qGreen(c) == qBlue(c) && qGreen(c) <= 129 && qRed(c) <= 129;
-      if ((qGreen(c) > 0 || qBlue(c) > 0) && !disabled) ++count;
-    }
-  return count;
-}
-
 TEST_F(Look, NightIsToldByThePalette) {
   EXPECT_TRUE(IsNight(NightPalette()));
   EXPECT_FALSE(IsNight(DayPalette()));

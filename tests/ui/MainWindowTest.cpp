@@ -140,16 +140,6 @@ TEST_F(MainWindowTest, MapSwitchesOnlyFlipWhileThereIsNoMap) {
   EXPECT_FALSE(IsFormLoaded("frmWorldMap"));
 }
 
-TEST_F(MainWindowTest, CommandsWithoutAWindowAreDisabled) {
-  Start();
-  for (const char* const name :
-       {"mnuFileSalva", "mnuModificaCopia", "mnuCieloMappaLocale", "mnuOpzioniGenerali"})
-    EXPECT_FALSE(Item(name)->isEnabled()) << name;
-  EXPECT_FALSE(Button("LocalSky")->isEnabled());
-  ClickPanel(1);
-  EXPECT_TRUE(platform_.messages.empty());
-}
-
 TEST_F(MainWindowTest, PanelTwoOpensTheCatalogueAndItsCloseOnlyHides) {
   Start();
   ClickPanel(2);

@@ -16,6 +16,7 @@ namespace {
 bool IsOffscreenRemark(const QString& text) {
   return text.contains(QStringLiteral("does not support raise")) ||
          text.contains(QStringLiteral("does not support propagateSizeHints")) ||
+         text.contains(QStringLiteral("does not support setting window opacity")) ||
          text.contains(QStringLiteral("does not support grabbing the keyboard"));
 }
 

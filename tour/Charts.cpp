@@ -1,0 +1,98 @@
+#include "tour/Charts.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QMouseEvent>
+
+#include "maps/qtSurface.h"
+#include "shell/MDIForm1.h"
+#include "shell/base/mForms.h"
+#include "shell/base/qtForms.h"
+#include "sky/mSkySat.h"
+#include "tests/fakes/FoundPass.h"
+
+namespace halvorine {
+
+namespace {
+
+/// Waits until charts have drawn themselves in a new size.
+void SettleBoxes() {
+  QElapsedTimer clock;
+  for (clock.start(); clock.elapsed() < 150;) QCoreApplication::processEvents();
+}
+
+void SendMouse(QWidget& widget, QEvent::Type type, QPoint at, Qt::MouseButton button) {
+  QMouseEvent event(type, at, widget.mapToGlobal(at), button, button, {});
+  QApplication::sendEvent(&widget, &event);
+}
+
+void Drag(QWidget& widget, QPoint from, QPoint to) {
+  SendMouse(widget, QEvent::MouseButtonPress, from, Qt::LeftButton);
+  SendMouse(widget, QEvent::MouseMove, to, Qt::LeftButton);
+  SendMouse(widget, QEvent::MouseButtonRelease, to, Qt::LeftButton);
+}
+
+}  // namespace
+
+QWidget* OpenGeneralSky(MDIForm1& window, bool everything) {
+  window.RunCommand("mnuCieloMappaGenerale");
+  auto* const chart = window.findChild<QWidget*>(QStringLiteral("frmGeneralSky"));
+  if (chart == nullptr) return nullptr;
+  if (everything) {
+    chart->parentWidget()->resize(1100, 620);
+    for (const char* const item : {"mnuGeneralSkyGriglia", "mnuGeneralSkyOggettiCostellazioni",
+                                   "mnuGeneralSkyEtichetteCostellazioni", "mnuGeneralSkyEtichetteSoleLuna"})
+      if (!window.IsChecked(item)) window.RunCommand(item);
+  }
+  SettleBoxes();
+  return chart->parentWidget();
+}
+
+QWidget* ZoomGeneralSky(MDIForm1& window) {
+  auto* const picture =
+      Control<QWidget>(window.findChild<QWidget*>(QStringLiteral("frmGeneralSky")), "Picture1");
+  window.RunCommand("mnuGeneralSkyZoom");
+  const QSize size = picture->size();
+  Drag(*picture, QPoint(size.width() * 72 / 100, size.height() * 30 / 100),
+       QPoint(size.width() * 94 / 100, size.height() * 60 / 100));
+  SettleBoxes();
+  return picture->parentWidget()->parentWidget();
+}
+
+QWidget* OpenPassChart() {
+  const std::optional<PassChart> pass = FirstPass(1, true);
+  auto* const chart = Load<SkySatCalls>("frmSkySat");
+  if (!pass || chart == nullptr) return nullptr;
+  chart->ShowPass(*pass);
+  SettleBoxes();
+  const auto* const form = dynamic_cast<QWidget*>(chart);
+  return form->parentWidget();
+}
+
+QWidget* OpenFullPassChart(MDIForm1& window) {
+  QWidget* const frame = OpenPassChart();
+  if (frame == nullptr) return nullptr;
+  frame->resize(960, 820);
+  SettleBoxes();
+  auto* const picture = Control<SurfaceWidget>(frame, "Picture1");
+  SendMouse(*picture, QEvent::MouseButtonPress, picture->rect().center(), Qt::RightButton);
+  if (QWidget* const popup = QApplication::activePopupWidget()) popup->close();
+  for (const char* const item : {"mnuSkySatGriglia", "mnuSkySatOggettiCostellazioni",
+                                 "mnuSkySatEtichetteCostellazioni", "mnuSkySatEtichetteSoleLuna"})
+    window.RunCommand(item);
+  // times at three points of the track, written towards the middle of the chart
+  PassView same = EmptyPassView();
+  TakePass(same, *FirstPass(1, true));
+  const std::vector<TrackPoint>& points = same.Sky.Track.Points;
+  for (std::size_t i = 0; i < 3; ++i) {
+    const TrackPoint& point = points[points.size() * (2 * i + 1) / 6];
+    const auto at = [picture](float x, float y) {
+      return QPoint(qRound((x + 100) / 200 * picture->width()), qRound((100 - y) / 200 * picture->height()));
+    };
+    Drag(*picture, at(point.X, point.Y), at(point.X * 0.55F, point.Y * 0.55F));
+  }
+  SettleBoxes();
+  return frame;
+}
+
+}  // namespace halvorine
