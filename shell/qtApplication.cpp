@@ -19,6 +19,7 @@
 #include "prediction/frmRelative.h"
 #include "prediction/frmSatellite.h"
 #include "prediction/frmTrack.h"
+#include "prediction/frmVisibleSatellites.h"
 #include "shell/base/mPlatform.h"
 #include "shell/base/qtForms.h"
 #include "shell/frmCalendar.h"
@@ -59,6 +60,7 @@ void RegisterWindows() {
   MakeLoadable<frmCalendar>("frmCalendar");
   MakeLoadable<frmDatabase>("frmDatabase");
   MakeLoadable<frmDetails>("frmDetails");
+  MakeLoadable<frmVisibleSatellites>("frmVisibleSatellites");
   MakeLoadable<frmGeneralSky>("frmGeneralSky");
   MakeLoadable<frmLocation>("frmLocation");
   MakeLoadable<frmProgress>("frmProgress");

@@ -86,6 +86,13 @@ class FakeSatellite : public FakeForm<SatelliteCalls> {
   void ShowSlot(int slot) override { Note("ShowSlot " + std::to_string(slot)); }
 };
 
+class FakeSkySat : public FakeForm<SkySatCalls> {
+ public:
+  explicit FakeSkySat(CallLog& log) : FakeForm("frmSkySat", log) {}
+  void ShowPass(const PassChart& pass) override { shown = pass; }
+  PassChart shown;
+};
+
 class FakeMagnitude : public FakeForm<MagnitudeCalls> {
  public:
   explicit FakeMagnitude(CallLog& log) : FakeForm("frmMagnitude", log) {}
