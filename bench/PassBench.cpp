@@ -118,7 +118,7 @@ class PassWindow {
     const double taken = NowMilliseconds() - begin;
     return passes.count == Model().rowCount() ? taken : 0;
   }
-  PassTreeView& View() { return *Control<PassTreeView>(form_, "lvwPass", AllSatellites); }
+  PassTable& View() { return *Control<PassTable>(form_, "lvwPass", AllSatellites); }
   PassModel& Model() { return dynamic_cast<PassModel&>(*View().model()); }
   /// The slowest column, from the click on its heading to the list in sight.
   double SlowestSort() {

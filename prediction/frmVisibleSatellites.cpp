@@ -193,7 +193,7 @@ QLayout* frmVisibleSatellites::MakeLists(int index) {
   tab.report->setModel(tab.rows);
   tab.report->setFont(ColumnFont());
   tab.model = new PassModel(this);
-  tab.passes = Named(new PassTreeView(tab.model), "lvwPass", index);
+  tab.passes = Named(new PassTable(tab.model), "lvwPass", index);
   tab.passes->SetHint(Text(section, "elencovuoto"));
   tab.passes->setAccessibleName(Text(section, captions.at(static_cast<std::size_t>(index))));
   // all columns, and below them the widest report row
@@ -258,7 +258,7 @@ void frmVisibleSatellites::Connect(int index) {
           [this, index](const QModelIndex& row) { ShowReport(index, row.row()); });
   connect(tab.passes, &QTreeView::clicked, this,
           [this, index](const QModelIndex& row) { ShowReport(index, row.row()); });
-  connect(tab.passes, &PassTreeView::RightReleased, this, [this, index] { lvwPass_RightClick(index); });
+  connect(tab.passes, &PassTable::RightReleased, this, [this, index] { lvwPass_RightClick(index); });
   connect(tab.report->selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this, index] { lstPass_Click(index); });
   // queued, so that the table it opens does not stand on the list's own handler

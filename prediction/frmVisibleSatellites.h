@@ -42,7 +42,7 @@ class frmVisibleSatellites : public ChildForm, public FormCalls, public SaveCall
     QComboBox *duration = nullptr, *limit = nullptr;
     QCheckBox *am = nullptr, *pm = nullptr, *visible = nullptr, *noFilter = nullptr, *transit = nullptr;
     QLabel *filter = nullptr, *legend = nullptr;
-    PassTreeView* passes = nullptr;
+    PassTable* passes = nullptr;
     PassModel* model = nullptr;
     RowList* report = nullptr;
     QStandardItemModel* rows = nullptr;

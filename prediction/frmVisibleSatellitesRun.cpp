@@ -256,9 +256,11 @@ QStringList PrintedRows(const std::vector<std::string>& lines) {
 
 void frmVisibleSatellites::mnuStampa_Click() {
   const QStringList rows = PrintedRows(ReportLines(pages_->currentIndex()));
-  if (rows.isEmpty() || !AskPrinter(ThePrinter(), this)) return;
-  ThePrinter().setPageOrientation(QPageLayout::Portrait);
-  PrintRows(ThePrinter(), rows);
+  QPrinter& printer = ThePrinter();
+  printer.setFromTo(0, 0);  // the pages of another print
+  if (rows.isEmpty() || !AskPrinter(printer, this)) return;
+  printer.setPageOrientation(QPageLayout::Portrait);
+  PrintRows(printer, rows);
 }
 
 void frmVisibleSatellites::mnuAnteprima_Click() {

@@ -51,7 +51,7 @@ QVariant PassModel::headerData(int column, Qt::Orientation orientation, int role
   return {};
 }
 
-PassTreeView::PassTreeView(PassModel* model) {
+PassTable::PassTable(PassModel* model) {
   setModel(model);
   setRootIsDecorated(false);
   setItemsExpandable(false);
@@ -72,12 +72,12 @@ PassTreeView::PassTreeView(PassModel* model) {
   }
 }
 
-void PassTreeView::Choose(int row) {
+void PassTable::Choose(int row) {
   setCurrentIndex(model()->index(row, 0));
   scrollTo(currentIndex());
 }
 
-void PassTreeView::paintEvent(QPaintEvent* event) {
+void PassTable::paintEvent(QPaintEvent* event) {
   QTreeView::paintEvent(event);
   if (model()->rowCount() > 0) return;
   QPainter painter(viewport());
@@ -86,7 +86,7 @@ void PassTreeView::paintEvent(QPaintEvent* event) {
                    hint_);
 }
 
-void PassTreeView::mouseReleaseEvent(QMouseEvent* event) {
+void PassTable::mouseReleaseEvent(QMouseEvent* event) {
   QTreeView::mouseReleaseEvent(event);
   if (event->button() == Qt::RightButton) Q_EMIT RightReleased();
 }

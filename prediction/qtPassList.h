@@ -27,10 +27,10 @@ class PassModel : public QAbstractTableModel {
   PassList list_;
 };
 
-class PassTreeView : public QTreeView {
+class PassTable : public QTreeView {
   Q_OBJECT
  public:
-  explicit PassTreeView(PassModel* model);
+  explicit PassTable(PassModel* model);
   /// Shown while there are no rows.
   void SetHint(const QString& hint) { hint_ = hint; }
   /// Makes a row the chosen one, in sight.

@@ -53,7 +53,12 @@ bool Zooming() {
 
 }  // namespace
 
-frmGeneralSky::frmGeneralSky() : ChildForm(QString::fromStdString(section)) {
+frmGeneralSky::frmGeneralSky()
+    : ChildForm(QString::fromStdString(section)),
+      baseTitle_(Text(section, "mappagenerale")),
+      zoneWord_(Text("Def", "oralocale")),
+      rightAscensionLabel_(LookupText("Def", "ar")),
+      declinationLabel_(LookupText("Def", "dec")) {
   picture1_ = Named(new SurfaceWidget(this), "Picture1");
   picture1_->StretchWhileResizing(resizeDelay);
   QVBoxLayout* const layout = new QVBoxLayout(this);
@@ -61,7 +66,7 @@ frmGeneralSky::frmGeneralSky() : ChildForm(QString::fromStdString(section)) {
   layout->addWidget(picture1_);
   setFocusProxy(picture1_);
   setWindowIcon(Icon("starchart"));
-  setWindowTitle(Text(section, "mappagenerale"));
+  setWindowTitle(baseTitle_);
   picture1_->setAccessibleName(windowTitle());
   view_.Pictures = &pictures_;
   view_.StarCount = Options.General.StarCount;
@@ -125,8 +130,8 @@ void frmGeneralSky::Genera_mappa() {
   const WaitPointerHold wait;
   TakeSwitches();
   halvorine::Genera_mappa(picture1_->Surface(), view_);
-  chartTitle_ = Text(section, "mappagenerale") + QStringLiteral(" - ") + ToQ(ChartDate(CurrentDate)) +
-                QLatin1Char(' ') + Text("Def", "oralocale");
+  chartTitle_ =
+      baseTitle_ + QStringLiteral(" - ") + ToQ(ChartDate(CurrentDate)) + QLatin1Char(' ') + zoneWord_;
   setWindowTitle(chartTitle_);
   picture1_->update();
 }
@@ -177,7 +182,7 @@ void frmGeneralSky::Picture1_MouseMove(double x, double y) {
   const bool zooming = Zooming();
   picture1_->setCursor(zooming ? Qt::CrossCursor : Qt::ArrowCursor);
   if (press_ && zooming) picture1_->ShowRubberBox(press_->x(), press_->y(), x, y);
-  const std::string readout = GeneralSkyReadout(x, y, LookupText("Def", "ar"), LookupText("Def", "dec"));
+  const std::string readout = GeneralSkyReadout(x, y, rightAscensionLabel_, declinationLabel_);
   setWindowTitle(readout.empty() ? chartTitle_ : chartTitle_ + QStringLiteral(" -  ") + ToQ(readout));
 }
 

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QTimer>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "shell/base/qtForms.h"
@@ -53,6 +54,9 @@ class frmGeneralSky : public ChildForm, public GeneralSkyCalls, public PopupCall
   GeneralSkyView view_;
   SurfaceWidget* picture1_ = nullptr;
   QTimer* tmrGeneralSky_ = nullptr;
+  // parts of the title, as the language was when the window was loaded
+  const QString baseTitle_, zoneWord_;
+  const std::string rightAscensionLabel_, declinationLabel_;
   QString chartTitle_;            // without a read-out
   std::optional<QPointF> press_;  // chart units, while the left button is down
   bool placed_ = false;           // the window has been given its first place

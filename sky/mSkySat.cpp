@@ -78,15 +78,16 @@ class ScratchLoan {
 };
 
 void BuildTrack(SkyTrack& track, const PassChart& pass, const SkyProjection& projection, double julianDay) {
-  const auto at = [&](double seconds) {
+  const auto at = [&](int seconds) {
     return TrackPointAt(projection, ScratchSlot, julianDay + seconds / secondsPerDay,
                         AddSeconds(pass.rise, seconds));
   };
   const double length = std::round((pass.set - pass.rise) * secondsPerDay);
   if (!(length >= 0 && length <= longestPass)) return;
-  const int step = PassStep(Int(length / 60));
+  const int last = ToInt32(length);
+  const int step = PassStep(last / 60);
   track.Start = at(0);
-  for (double seconds = SecondsToFirstPoint(pass.rise); seconds <= length; seconds += step)
+  for (int seconds = SecondsToFirstPoint(pass.rise); seconds <= last; seconds += step)
     track.Points.push_back(at(seconds));
   if (track.Points.empty()) track.Points.push_back(*track.Start);  // over before the first quarter
 }
@@ -117,7 +118,7 @@ PassView EmptyPassView() {
   return view;
 }
 
-int PassStep(double wholeMinutes) {
+int PassStep(int wholeMinutes) {
   if (wholeMinutes < 10) return 15;
   if (wholeMinutes < 20) return 30;
   if (wholeMinutes < 60) return 60;

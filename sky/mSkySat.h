@@ -26,7 +26,7 @@ struct PassView {
 PassView EmptyPassView();
 
 /// Seconds between the points of a track, by the whole minutes that the pass lasts.
-int PassStep(double wholeMinutes);
+int PassStep(int wholeMinutes);
 
 /// Seconds from a start to the first point of its track: to the next of 15, 30, 45 or 60 seconds in its
 /// minute, a whole quarter where the start stands on one.

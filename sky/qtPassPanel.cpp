@@ -2,7 +2,7 @@
 
 #include <QFontMetrics>
 #include <QFrame>
-#include <QGridLayout>
+#include <algorithm>
 
 #include "astro/mConv.h"
 #include "controls/qtLook.h"
@@ -39,36 +39,35 @@ QString MagnitudeText(const MagnitudeValue& magnitude) {
 
 PassPanel::PassPanel(QWidget* parent) : QWidget(parent) {
   setAutoFillBackground(true);
-  QGridLayout* const rows = new QGridLayout(this);
-  rows->setContentsMargins(margin, margin, margin, margin);
-  rows->setHorizontalSpacing(margin);
-  rows->setVerticalSpacing(2);
-  rows->setColumnStretch(1, 1);
+  rows_ = new QGridLayout(this);
+  rows_->setContentsMargins(margin, margin, margin, margin);
+  rows_->setHorizontalSpacing(margin);
+  rows_->setVerticalSpacing(2);
+  rows_->setColumnStretch(1, 1);
   name_ = Named(new QLabel(), "lblSatellite");
   name_->setFont(LookFont(9, true));
   name_->setTextFormat(Qt::PlainText);
-  rows->addWidget(name_, 0, 0, 1, 2);
+  rows_->addWidget(name_, 0, 0, 1, 2);
   number_ = AddRow(QStringLiteral("Norad #"), "lblNorad", -1);
   constexpr std::array<const char*, 3> keys = {"inizio", "culmine", "fine"};
   for (std::size_t i = 0; i < keys.size(); ++i) AddEvent(static_cast<int>(i), keys[i]);
-  rows->setRowStretch(rows->rowCount(), 1);
+  rows_->setRowStretch(rows_->rowCount(), 1);
   setFixedWidth(std::max(leastWidth, sizeHint().width()));
 }
 
 QLabel* PassPanel::AddRow(const QString& caption, const char* name, int index) {
-  QGridLayout& rows = static_cast<QGridLayout&>(*layout());
-  const int row = rows.rowCount();
+  const int row = rows_->rowCount();
   QLabel* const label = new QLabel(caption);
   label->setForegroundRole(MutedRole);
   QLabel* const value = ValueLabel(name, index);
   value->setAccessibleName(caption);
-  rows.addWidget(label, row, 0);
-  rows.addWidget(value, row, 1);
+  rows_->addWidget(label, row, 0);
+  rows_->addWidget(value, row, 1);
   return value;
 }
 
 void PassPanel::AddEvent(int number, const char* key) {
-  AddHairline(static_cast<QGridLayout&>(*layout()));
+  AddHairline(*rows_);
   Event& event = events_[static_cast<std::size_t>(number)];
   event.time = AddRow(Text(section, key), "lblTime", number);
   event.time->setFont(LookFont(9, true));

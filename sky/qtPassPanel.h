@@ -1,6 +1,7 @@
 // The data beside a pass chart: the satellite, and what is seen of it at rise, culmination and set.
 #pragma once
 
+#include <QGridLayout>
 #include <QLabel>
 #include <QWidget>
 #include <array>
@@ -22,6 +23,7 @@ class PassPanel : public QWidget {
   void AddEvent(int number, const char* key);
   QLabel* AddRow(const QString& caption, const char* name, int index);
 
+  QGridLayout* rows_ = nullptr;
   QLabel *name_ = nullptr, *number_ = nullptr;
   std::array<Event, 3> events_{};
 };

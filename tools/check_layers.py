@@ -2,7 +2,7 @@
 """Holds the includes of the project against its floors.
 
 An include points to the same floor or downwards, the engine sees no Qt, rooms that stand side by side do not
-see each other, and no window's header is included outside its own source and the roof of the shell.
+see each other, and no window's header is included outside its own sources and the roof of the shell.
 """
 import pathlib
 import re
@@ -57,8 +57,8 @@ def faults_of(path):
         rooms = {here.parts[0], there.parts[0]}
         if (len(rooms) == 2 and rooms <= SIDE_BY_SIDE and str(there.with_suffix("")) not in SHARED_DRAWING):
             yield f"{where}: {name} stands in a room next door"
-        if there.stem.startswith("frm") and there.stem != here.stem and floor(here) != ROOF:
-            yield f"{where}: the header of the window {there.stem} is for its own source"
+        if there.stem.startswith("frm") and not here.stem.startswith(there.stem) and floor(here) != ROOF:
+            yield f"{where}: the header of the window {there.stem} is for its own sources"
 
 
 def main():

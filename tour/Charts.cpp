@@ -136,10 +136,12 @@ QWidget* OpenFullPassChart(MDIForm1& window) {
   const std::vector<TrackPoint>& points = same.Sky.Track.Points;
   for (std::size_t i = 0; i < 3; ++i) {
     const TrackPoint& point = points[points.size() * (2 * i + 1) / 6];
-    const auto at = [picture](float x, float y) {
-      return QPoint(qRound((x + 100) / 200 * picture->width()), qRound((100 - y) / 200 * picture->height()));
+    const double x = static_cast<double>(point.X), y = static_cast<double>(point.Y);
+    const auto at = [picture](double right, double up) {
+      return QPoint(qRound((right + 100) / 200 * picture->width()),
+                    qRound((100 - up) / 200 * picture->height()));
     };
-    Drag(*picture, at(point.X, point.Y), at(point.X * 0.55F, point.Y * 0.55F));
+    Drag(*picture, at(x, y), at(x * 0.55, y * 0.55));
   }
   SettleBoxes();
   return frame;

@@ -140,16 +140,6 @@ QWidget* Download(MDIForm1& window, const QByteArray& answer, bool closes) {
 void GoTo(Date utc) {
   tourClock = AddSeconds(utc, 0);
   tmrCentrale_Timer();
-  for (const char* const item : {"mnuLocalSkyGriglia", "mnuLocalSkyOggettiCostellazioni",
-                                 "mnuLocalSkyEtichetteCostellazioni", "mnuLocalSkyEtichetteSoleLuna"})
-    if (!window.IsChecked(item)) window.RunCommand(item);
-  if (window.IsChecked("mnuLocalSkyTransitoPrincipale") != transit)
-    window.RunCommand("mnuLocalSkyTransitoPrincipale");
-  sky->parentWidget()->resize(820, 560);
-  Settle();
-  Loaded<LocalSkyCalls>("frmLocalSky")->Genera_mappa();
-  tmrCentrale_Timer();
-  return sky->parentWidget();
 }
 
 /// Moves the satellites of the live panel to where they stand some minutes later.

@@ -83,8 +83,7 @@ class PassCharts : public testing::Test {
 
 TEST_F(PassCharts, StepsFollowTheDuration) {
   struct Case {
-    double minutes;
-    int step;
+    int minutes, step;
   };
   for (const Case& row : {Case{0, 15},
                           {9, 15},
@@ -216,6 +215,12 @@ TEST_F(PassCharts, WhatCannotBeShownIsLeftOut) {
     TakePass(view, broken);
     EXPECT_TRUE(view.Sky.Track.Points.empty()) << rise << " " << set;
     Draw(view);
+  }
+  for (const float pole : {90.0F, -90.0F}) {
+    Site.Latitude = pole;
+    TakePass(view, pass);
+    Draw(view);
+    EXPECT_GE(First(Kind::Point, Rgb(220, 220, 220)), 0) << pole;
   }
   PassChart dead = pass;
   dead.elements.MeanMotion = 0;

@@ -66,7 +66,7 @@ class PassesTest : public RunningProgram {
     Q_EMIT Control<QMenu>(form_, "mnuFile")->aboutToShow();
     Control<QAction>(form_, name)->trigger();
   }
-  PassTreeView* Passes(int index) { return Control<PassTreeView>(form_, "lvwPass", index); }
+  PassTable* Passes(int index) { return Control<PassTable>(form_, "lvwPass", index); }
   RowList* Report(int index) { return Control<RowList>(form_, "lstPass", index); }
   const PassList& List(int index) { return dynamic_cast<PassModel*>(Passes(index)->model())->List(); }
   QString Cell(int index, int row, int column) {
@@ -208,7 +208,7 @@ TEST_F(PassesTest, TabsKeepResultsOfTheirOwnAndTheDoubleClickDetails) {
   EXPECT_EQ(List(1).Count(), principal);
   EXPECT_EQ(List(2).Number(List(2).Count() - 1), 5);
   EXPECT_EQ(PassSlot, List(2).Number(0));
-  EXPECT_FALSE(Enabled("cmdMappa", 2)) << "there is no chart yet";
+  EXPECT_TRUE(Enabled("cmdMappa", 2));
   QTest::mouseDClick(Report(2)->viewport(), Qt::LeftButton, {},
                      Report(2)->visualRect(Report(2)->model()->index(0, 0)).center());
   QCoreApplication::processEvents();
@@ -309,10 +309,11 @@ TEST_F(PassesTest, ReportsAndListsAreSavedAndPrinted) {
   pdf = folder + QStringLiteral("/list.pdf");
   window_->RunCommand("mnuFileStampa");
   EXPECT_NE(ProgramFolder::Read(FromQ(pdf)).find("/Type /Page"), std::string::npos);
+  SetPrinterAnswer({});
   QTimer::singleShot(0, [] {
     QWidget* const preview = QApplication::activeModalWidget();
     ASSERT_NE(preview, nullptr);
-    EXPECT_EQ(preview->windowTitle(), "Pass predictions");
+    EXPECT_TRUE(preview->windowTitle().contains(QStringLiteral("Pass predictions")));
     if (qEnvironmentVariableIsSet("HALVORINE_PICTURES"))
       preview->grab().save(qEnvironmentVariable("HALVORINE_PICTURES") + QStringLiteral("/preview.png"));
     preview->close();

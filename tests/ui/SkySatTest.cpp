@@ -176,5 +176,22 @@ TEST_F(SkySatWindow, TenChartsStandSideBySideAndCloseInAnyOrder) {
   EXPECT_FALSE(IsFormLoaded("frmSkySat5"));
 }
 
+/// The menu lets events run before the work starts, and any of them may close the chart.
+TEST_F(SkySatWindow, ChartMayBeClosedBeforeItsRedraw) {
+  QWidget* const chart = Open();
+  Item("mnuCieloMappaGenerale")->trigger();
+  QTest::mouseClick(Picture(chart), Qt::RightButton, {}, QPoint(9, 9));
+  Menu("mnuSkySat")->close();
+  platform_.onYield = [] {
+    for (const char* const name : {"frmSkySat1", "frmGeneralSky"})
+      if (FormCalls* const form = LoadedForm(name)) form->Unload();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  };
+  Item("mnuSkySatGriglia")->trigger();
+  EXPECT_FALSE(IsFormLoaded("frmSkySat1"));
+  EXPECT_FALSE(IsFormLoaded("frmGeneralSky"));
+  Item("mnuGeneralSkyRidisegnaMappa")->trigger();
+}
+
 }  // namespace
 }  // namespace halvorine
