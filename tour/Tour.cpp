@@ -350,6 +350,10 @@ std::vector<Stop> Stops(MDIForm1& window) {
        }},
       {"frmSkySat-All", "Another chart of it with grid, figures, names and times",
        [&window] { return OpenFullPassChart(window); }},
+      {"frmPreview-LocalSky", "The local sky on paper", [] { return PreviewLocalSky(); }},
+      {"frmPreview-Pass", "A pass on paper, with its times", [] { return PreviewPass(1); }},
+      {"frmPreview-Pass-2", "Its second page: room for notes, and the bodies", [] { return PreviewPass(2); }},
+      {"frmPreview-GeneralSky", "The whole sky on paper", [] { return PreviewGeneralSky(); }},
       {"MDIForm1-Night", "Night colours for eyes that are used to the dark",
        [&window]() -> QWidget* {
          for (const char* const name : {"frmFloating", "frmSkySat1", "frmSkySat2"})

@@ -111,7 +111,8 @@ TEST_F(EveryWindowTest, AllMayBeOpenedUsedAndClosedDuringLongWork) {
   };
   // these wait in a loop of their own, end the program, or leave windows to the desktop
   const QStringList waiting{"mnuOpzioniLingua",        "mnuAiutoInformazioni", "mnuFileEsci",
-                            "mnuFileImpostaStampante", "mnuFileStampa",        "mnuFileAnteprima"};
+                            "mnuFileImpostaStampante", "mnuFileStampa",        "mnuFileAnteprima",
+                            "mnuLocalSkyStampa",       "mnuSkySatStampa",      "mnuGeneralSkyStampa"};
   QStringList commands;
   for (const QAction* const action : window_->findChildren<QAction*>())
     if (action->objectName().startsWith(QLatin1String("mnu")) && action->menu() == nullptr &&
