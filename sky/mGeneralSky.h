@@ -32,13 +32,6 @@ struct GeneralSkySwitches {
 /// What the settings ask for.
 GeneralSkySwitches GeneralSwitchesOf(const SkyOptions& options);
 
-/// In which colours and fonts the parts of a chart are drawn that stand besides its objects.
-struct GeneralSkyInk {
-  Colour Grid = Black, GridNames = Rgb(140, 140, 140), Lines = Black, Names = Palette16[12];
-  DrawFont GridFont, NameFont{.Points = 8};
-  Colour Halo = Rgb(0, 0, 30);
-};
-
 /// State of one general chart.
 struct GeneralSkyView {
   GeneralSkyBox Box;
@@ -64,12 +57,9 @@ std::string GeneralSkyReadout(double x, double y, std::string_view rightAscensio
 /// whole chart's proportions; nothing where none is near enough.
 std::optional<SkyPick> PickInGeneralSky(const GeneralSkyBox& box, int starCount, double x, double y);
 
-// Parts of a chart on a surface whose scale is set; failures pass.
-
-void DrawGeneralGrid(DrawSurface& surface, const GeneralSkyBox& box, const GeneralSkyInk& ink);
-/// The figures; a segment that crosses the hour 0 leaves the chart at one edge and comes back at the other.
-void DrawGeneralFigures(DrawSurface& surface, const GeneralSkyInk& ink);
-void DrawGeneralNames(DrawSurface& surface, const GeneralSkyBox& box, const GeneralSkyInk& ink);
+/// The figures in one colour, on a surface whose scale is set; a segment that crosses the hour 0 leaves the
+/// chart at one edge and comes back at the other. A failure passes.
+void DrawGeneralFigures(DrawSurface& surface, Colour colour);
 
 /// Computes Sun, Moon and planets for CurrentDate and draws the whole chart on the persistent layer. A
 /// failing part of the drawing ends silently; the others are drawn.

@@ -14,9 +14,12 @@ namespace halvorine {
 namespace {
 
 constexpr Colour background = Rgb(0, 0, 71);
+constexpr Colour gridLabel = Rgb(140, 140, 140);
 constexpr double crossingHours = 16;                  // a segment that spans more crosses the hour 0
 constexpr double figureWidth = 0.9;                   // pixels
 constexpr double largeStar = 0.02, smallStar = 0.01;  // hours, of the whole sky and of a part of it
+constexpr Colour nameHalo = Rgb(0, 0, 30);
+const DrawFont nameFont{.Points = 8};
 
 void PrintAt(DrawSurface& surface, double x, double y, const std::string& text) {
   surface.CurrentX = x;
@@ -24,25 +27,22 @@ void PrintAt(DrawSurface& surface, double x, double y, const std::string& text) 
   surface.Print(text);
 }
 
-}  // namespace
-
-void DrawGeneralGrid(DrawSurface& surface, const GeneralSkyBox& box, const GeneralSkyInk& ink) {
+void DrawGrid(DrawSurface& surface, const GeneralSkyBox& box) {
+  const Colour colour = Options.Colours.GeneralGrid;
   surface.DrawStyle = LineKind::Solid;
   surface.DrawWidth = 1;
-  surface.Font = ink.GridFont;
-  surface.TextHalo = ink.Halo;
-  surface.ForeColor = ink.GridNames;
+  surface.Font = {};
+  surface.TextHalo = nameHalo;
+  surface.ForeColor = gridLabel;
   for (int hour = 4; hour <= 20; hour += 4) {
-    surface.Line(hour, 90, hour, -90, ink.Grid);
+    surface.Line(hour, 90, hour, -90, colour);
     PrintAt(surface, hour, static_cast<double>(box.Top), " " + std::to_string(hour) + "h");
   }
   for (int degree = -60; degree <= 60; degree += 30) {
-    surface.Line(24, degree, 0, degree, ink.Grid);
+    surface.Line(24, degree, 0, degree, colour);
     PrintAt(surface, static_cast<double>(box.Left), degree, " " + std::to_string(degree) + "°");
   }
 }
-
-namespace {
 
 /// A segment of a figure; where it crosses the hour 0 it leaves the chart at one edge and comes back at the
 /// other.
@@ -60,17 +60,18 @@ void DrawSegment(DrawSurface& surface, const StarRow& from, const StarRow& to, C
 
 }  // namespace
 
-void DrawGeneralFigures(DrawSurface& surface, const GeneralSkyInk& ink) {
+void DrawGeneralFigures(DrawSurface& surface, Colour colour) {
   surface.DrawStyle = LineKind::Solid;
   surface.DrawWidth = figureWidth;
-  for (const ConstellationLine& line : ConstellationLines)
-    DrawSegment(surface, line.From, line.To, ink.Lines);
+  for (const ConstellationLine& line : ConstellationLines) DrawSegment(surface, line.From, line.To, colour);
 }
 
-void DrawGeneralNames(DrawSurface& surface, const GeneralSkyBox& box, const GeneralSkyInk& ink) {
-  surface.Font = ink.NameFont;
-  surface.TextHalo = ink.Halo;
-  surface.ForeColor = ink.Names;
+namespace {
+
+void DrawNames(DrawSurface& surface, const GeneralSkyBox& box) {
+  surface.Font = nameFont;
+  surface.TextHalo = nameHalo;
+  surface.ForeColor = Palette16[12];
   const double right = static_cast<double>(box.Right);
   for (const ConstellationLabel& label : ConstellationLabels) {
     const std::string& text = box.WholeSky() ? label.Abbreviation : label.Name;
@@ -80,8 +81,6 @@ void DrawGeneralNames(DrawSurface& surface, const GeneralSkyBox& box, const Gene
             text);
   }
 }
-
-namespace {
 
 void DrawStars(DrawSurface& surface, const GeneralSkyView& view) {
   const double radius = view.Box.WholeSky() ? largeStar : smallStar;
@@ -106,7 +105,7 @@ void DrawBodies(DrawSurface& surface, const GeneralSkyView& view) {
   if (view.Switches.Planets)
     for (int row = Mercury; row <= Neptune; ++row) add(row, 500, view.Switches.PlanetNames);
   surface.Font = {};
-  surface.TextHalo = GeneralSkyInk().Halo;
+  surface.TextHalo = nameHalo;
   halvorine::DrawBodies(surface, marks, view.Pictures->SunIcon());
 }
 
@@ -131,12 +130,10 @@ void Genera_mappa(DrawSurface& surface, const GeneralSkyView& view) {
                   static_cast<double>(box.Bottom));
     surface.BackColor = background;
     surface.Cls();
-    GeneralSkyInk ink;
-    ink.Grid = Options.Colours.GeneralGrid;
-    ink.Lines = Options.Colours.ConstellationLines;
-    if (view.Switches.Grid) DrawQuietly([&] { DrawGeneralGrid(surface, box, ink); });
-    if (view.Switches.ConstellationLines) DrawQuietly([&] { DrawGeneralFigures(surface, ink); });
-    if (view.Switches.ConstellationNames) DrawQuietly([&] { DrawGeneralNames(surface, box, ink); });
+    if (view.Switches.Grid) DrawQuietly([&] { DrawGrid(surface, box); });
+    if (view.Switches.ConstellationLines)
+      DrawQuietly([&] { DrawGeneralFigures(surface, Options.Colours.ConstellationLines); });
+    if (view.Switches.ConstellationNames) DrawQuietly([&] { DrawNames(surface, box); });
     DrawQuietly([&] { DrawStars(surface, view); });
     DrawQuietly([&] { DrawBodies(surface, view); });
   });

@@ -38,11 +38,6 @@ class NamePlaces {
       : surface_(surface), right_(Sgn(surface.ScaleWidth())), down_(Sgn(surface.ScaleHeight())) {}
 
   void Block(const BodyMark& mark, HalfExtent half) { taken_.push_back(Around(mark, half)); }
-  void Block(const ChartArea& area) {
-    const auto [left, right] = std::minmax({area.X1 * right_, area.X2 * right_});
-    const auto [top, bottom] = std::minmax({area.Y1 * down_, area.Y2 * down_});
-    taken_.push_back({left, top, right, bottom});
-  }
 
   /// Where the pen stands for a name beside a body: at its right, or at the first other side where the name
   /// meets no body and no name and stays on the surface.
@@ -124,6 +119,23 @@ void DrawSun(DrawSurface& surface, const BodyMark& mark, const DrawPicture& sunI
   surface.Circle(mark.X, mark.Y, mark.Radius, Palette16[14]);
 }
 
+void PrintNames(DrawSurface& surface, std::vector<BodyMark> marks, const DrawPicture& sunIcon) {
+  surface.ForeColor = nameColour;
+  surface.TextHalo = Black;
+  surface.Font = {};
+  std::stable_sort(marks.begin(), marks.end(), Brighter);
+  NamePlaces places(surface);
+  for (const BodyMark& mark : marks) places.Block(mark, HalfExtentOfMark(surface, mark, sunIcon));
+  for (const BodyMark& mark : marks) {
+    if (!mark.Named) continue;
+    const std::string name = BodyName(mark.Row);
+    const DeviceSpot at = places.Place(mark, HalfExtentOfMark(surface, mark, sunIcon), name);
+    surface.CurrentX = at.X;
+    surface.CurrentY = at.Y;
+    surface.Print(name);
+  }
+}
+
 }  // namespace
 
 void DrawStar(DrawSurface& surface, int number, double x, double y, double radius) {
@@ -177,27 +189,7 @@ void DrawBodies(DrawSurface& surface, const std::vector<BodyMark>& marks, const 
       DrawPlanet(surface, mark);
   }
   surface.FillStyle = FillKind::Transparent;
-  surface.ForeColor = nameColour;
-  surface.TextHalo = Black;
-  surface.Font = {};
-  PrintBodyNames(surface, marks, sunIcon);
-}
-
-void PrintBodyNames(DrawSurface& surface, std::vector<BodyMark> marks, const DrawPicture& sunIcon,
-                    const std::vector<ChartArea>& taken, std::string_view unnamed) {
-  std::stable_sort(marks.begin(), marks.end(), Brighter);
-  NamePlaces places(surface);
-  for (const ChartArea& area : taken) places.Block(area);
-  for (const BodyMark& mark : marks) places.Block(mark, HalfExtentOfMark(surface, mark, sunIcon));
-  for (const BodyMark& mark : marks) {
-    const bool planet = mark.Row <= Neptune;
-    if (!mark.Named && (!planet || unnamed.empty())) continue;
-    const std::string name = mark.Named ? BodyName(mark.Row) : std::string(unnamed);
-    const DeviceSpot at = places.Place(mark, HalfExtentOfMark(surface, mark, sunIcon), name);
-    surface.CurrentX = at.X;
-    surface.CurrentY = at.Y;
-    surface.Print(name);
-  }
+  PrintNames(surface, marks, sunIcon);
 }
 
 void DrawSkyBodies(DrawSurface& surface, const SkyView& view) {

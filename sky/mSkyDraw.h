@@ -5,7 +5,6 @@
 
 #include <array>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "maps/DrawSurface.h"
@@ -127,16 +126,6 @@ struct BodyMark {
 /// Draws bodies in the order given and their names at their right, or on a free side where the name of a
 /// brighter one is in the way. The Sun is the icon, or a circle where that is empty.
 void DrawBodies(DrawSurface& surface, const std::vector<BodyMark>& marks, const DrawPicture& sunIcon);
-
-/// A rectangle of a chart by two corners.
-struct ChartArea {
-  double X1 = 0, Y1 = 0, X2 = 0, Y2 = 0;
-};
-
-/// The names alone, in the present font and colour, clear of what is taken. Planets whose name is not wanted
-/// get the text `unnamed` in its place.
-void PrintBodyNames(DrawSurface& surface, std::vector<BodyMark> marks, const DrawPicture& sunIcon,
-                    const std::vector<ChartArea>& taken = {}, std::string_view unnamed = {});
 
 /// A picture in its natural size, centred on a point.
 void PaintCentred(DrawSurface& surface, const DrawPicture& icon, double x, double y);

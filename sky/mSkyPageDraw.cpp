@@ -1,9 +1,13 @@
-// The charts within the frame of a printed page, in the units of the charts themselves: the surface's scale
-// lays them on the paper.
+// The charts within the frame of a printed page. Objects are drawn in the units of the charts, which the
+// surface's scale lays on the paper; texts are placed in twips.
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
 
-#include "astro/mConv.h"
 #include "astro/mMate.h"
 #include "shell/base/mGlobal.h"
 #include "sky/mSkyPage.h"
@@ -12,21 +16,16 @@ namespace halvorine {
 
 namespace {
 
-constexpr double firstOfClass2 = 293, firstOfClass3 = 1639;        // the last star of a class
+constexpr std::size_t lastOfClass1 = 293, lastOfClass2 = 1639;     // numbers of stars
 constexpr std::array<double, 3> starRadius = {26, 14, 8};          // twips, by class
 constexpr double trackDot = 22, trackStart = 70;                   // twips, radius
 constexpr double trackWidth = 2, thinWidth = 1;                    // of 10 twips
-constexpr double sphereHalfWidth = 4300, sphereHalfHeight = 2850;  // twips
+constexpr double sphereHalfWidth = 4000, sphereHalfHeight = 3000;  // twips
+constexpr double bodyRoom = 30;                                    // twips, between a body and its name
+constexpr double lastMark = PageWidth - PageLeft;                  // right end of times along a track
 constexpr Colour red = Rgb(255, 0, 0);
 const DrawFont smallFont{.Family = "Courier New", .Points = 8};
 const DrawFont sideFont{.Family = "Courier New", .Points = 10, .Bold = true};
-
-class NoPicture : public DrawPicture {
- public:
-  bool Empty() const override { return true; }
-  double NaturalWidth() const override { return 0; }
-  double NaturalHeight() const override { return 0; }
-};
 
 /// Keeps a clip while it lives.
 class ClipHold {
@@ -42,24 +41,100 @@ class ClipHold {
   PageSurface& surface_;
 };
 
-/// Prints a text with its top left corner at a point and notes the area that it takes.
-void PrintNoted(DrawSurface& surface, std::vector<ChartArea>& taken, double x, double y,
-                std::string_view text) {
-  surface.CurrentX = x;
-  surface.CurrentY = y;
-  const double right = x + std::copysign(surface.TextWidth(text), surface.ScaleWidth());
-  const double bottom = y + std::copysign(surface.TextHeight(text), surface.ScaleHeight());
-  surface.Print(text);
-  taken.push_back({x, y, right, bottom});
-}
+/// A rectangle of the paper, twips.
+struct Area {
+  double left = 0, top = 0, right = 0, bottom = 0;
+  bool Meets(const Area& other) const {
+    return left < other.right && other.left < right && top < other.bottom && other.top < bottom;
+  }
+};
+
+/// Lays texts on a chart that is drawn: none over another, over a body or over the chart's edge, as long as a
+/// free side is found. It takes the chart's units from the surface's scale and lets the surface count in
+/// twips from then on.
+class Writer {
+ public:
+  Writer(DrawSurface& surface, std::function<bool(const Area&)> inside)
+      : surface_(surface),
+        inside_(std::move(inside)),
+        left_(surface.UserX(0)),
+        top_(surface.UserY(0)),
+        across_(Div(surface.Width(), surface.ScaleWidth())),
+        down_(Div(surface.Height(), surface.ScaleHeight())) {
+    surface.ScaleModeTwips();
+    surface.ForeColor = Black;
+    surface.TextHalo = White;
+  }
+  ~Writer() { surface_.TextHalo.reset(); }
+  Writer(const Writer&) = delete;
+  Writer& operator=(const Writer&) = delete;
+
+  double X(double x) const { return (x - left_) * across_; }
+  double Y(double y) const { return (y - top_) * down_; }
+
+  /// A text that has its place, by the top left corner in twips.
+  void Print(const DrawFont& font, double x, double y, std::string_view text) {
+    surface_.Font = font;
+    surface_.CurrentX = x;
+    surface_.CurrentY = y;
+    taken_.push_back(AreaAt(x, y, text));
+    surface_.Print(text);
+  }
+  /// A name with its top left corner at a point of the chart, or on another side of the point.
+  void PrintName(double x, double y, std::string_view text) {
+    surface_.Font = smallFont;
+    PrintBeside({X(x), Y(y), X(x), Y(y)}, text, surface_.TextHeight(text) / 2);
+  }
+  /// A name beside a body, at its right before all other sides.
+  void PrintName(const BodyMark& mark, std::string_view text) {
+    surface_.Font = smallFont;
+    PrintBeside(AreaOf(mark), text, 0);
+  }
+  void Block(const BodyMark& mark) { taken_.push_back(AreaOf(mark)); }
+
+ private:
+  Area AreaAt(double x, double y, std::string_view text) const {
+    return {x, y, x + surface_.TextWidth(text), y + surface_.TextHeight(text)};
+  }
+  Area AreaOf(const BodyMark& mark) const {
+    const double half = mark.Radius * std::abs(across_) + bodyRoom, x = X(mark.X), y = Y(mark.Y);
+    return {x - half, y - half, x + half, y + half};
+  }
+  bool Free(const Area& area) const {
+    return inside_(area) &&
+           std::none_of(taken_.begin(), taken_.end(), [&](const Area& other) { return area.Meets(other); });
+  }
+  void PrintBeside(const Area& body, std::string_view text, double lowered) {
+    const double width = surface_.TextWidth(text), height = surface_.TextHeight(text);
+    const double x = (body.left + body.right - width) / 2, y = (body.top + body.bottom - height) / 2;
+    const double left = body.left - width, above = body.top - height, below = body.bottom;
+    const std::array<DeviceSpot, 8> corners = {{{body.right, y + lowered},
+                                                {left, y + lowered},
+                                                {x, below},
+                                                {x, above},
+                                                {body.right, below},
+                                                {body.right, above},
+                                                {left, below},
+                                                {left, above}}};
+    const auto* const found = std::find_if(corners.begin(), corners.end(), [&](const DeviceSpot& corner) {
+      return Free(AreaAt(corner.X, corner.Y, text));
+    });
+    const DeviceSpot at = found == corners.end() ? corners.front() : *found;
+    Print(smallFont, at.X, at.Y, text);
+  }
+
+  DrawSurface& surface_;
+  std::function<bool(const Area&)> inside_;
+  double left_, top_, across_, down_;
+  std::vector<Area> taken_;
+};
 
 double UnitsOf(const DrawSurface& surface, double twips) {
   return std::abs(Div(twips * surface.ScaleWidth(), surface.Width()));
 }
 
 void DrawStarDot(DrawSurface& surface, std::size_t number, double x, double y) {
-  const auto n = static_cast<double>(number);
-  const std::size_t starClass = n <= firstOfClass2 ? 0 : n <= firstOfClass3 ? 1 : 2;
+  const std::size_t starClass = number <= lastOfClass1 ? 0 : number <= lastOfClass2 ? 1 : 2;
   surface.Circle(x, y, UnitsOf(surface, starRadius.at(starClass)), Black);
 }
 
@@ -84,7 +159,7 @@ void DrawPageMoon(DrawSurface& surface, const BodyMark& mark, double phase) {
   surface.FillStyle = FillKind::Solid;
 }
 
-void DrawPageBodies(DrawSurface& surface, const SkyPage& page, const std::vector<ChartArea>& taken) {
+void DrawPageBodies(DrawSurface& surface, const SkyPage& page) {
   surface.FillStyle = FillKind::Solid;
   for (const BodyMark& mark : page.Bodies) {
     surface.FillColor = Black;
@@ -94,17 +169,15 @@ void DrawPageBodies(DrawSurface& surface, const SkyPage& page, const std::vector
       surface.Circle(mark.X, mark.Y, mark.Radius, Black);
   }
   surface.FillStyle = FillKind::Transparent;
-  surface.Font = smallFont;
-  surface.ForeColor = Black;
-  surface.TextHalo = White;
-  PrintBodyNames(surface, page.Bodies, NoPicture(), taken, "P");
-  surface.TextHalo.reset();
 }
 
-void DrawRing(DrawSurface& surface, const SkyView& view, std::vector<ChartArea>& taken) {
-  for (const CompassMark& mark : CompassMarks(view.Projection)) {
-    surface.Font = mark.Side ? sideFont : smallFont;
-    PrintNoted(surface, taken, mark.X, mark.Y, mark.Text);
+void PrintPageNames(Writer& writer, const std::vector<BodyMark>& bodies) {
+  for (const BodyMark& mark : bodies) writer.Block(mark);
+  for (const BodyMark& mark : bodies) {
+    if (mark.Named)
+      writer.PrintName(mark, BodyName(mark.Row));
+    else if (mark.Row <= Neptune)
+      writer.PrintName(mark, "P");
   }
 }
 
@@ -130,29 +203,35 @@ void DrawPageTrack(PageSurface& surface, const SkyTrack& track) {
                  UnitsOf(surface, trackStart), ink);
 }
 
-void DrawPageMarks(DrawSurface& surface, const SkyTrack& track, std::vector<ChartArea>& taken) {
-  surface.Font = smallFont;
-  surface.TextHalo = White;
-  const double last = surface.UserX(PageWidth - PageLeft / 2);
+void DrawPageMarks(DrawSurface& surface, Writer& writer, const SkyTrack& track) {
   for (const TimeMark& mark : track.Marks) {
-    surface.Line(mark.X1, mark.Y1, mark.X2, mark.Y2, Black);
+    const double x = writer.X(mark.X2), y = writer.Y(mark.Y2);
+    surface.Line(writer.X(mark.X1), writer.Y(mark.Y1), x, y, Black);
+    surface.Font = smallFont;
     const std::string text = TimeMarkText(track.Points.at(static_cast<std::size_t>(mark.Point)));
-    const double x = std::min(mark.X2, last - surface.TextWidth(text));
-    PrintNoted(surface, taken, x, mark.Y2 > mark.Y1 ? mark.Y2 + surface.TextHeight(text) : mark.Y2, text);
+    // above the point the text stands on the line's end, so that the line does not cross it
+    writer.Print(smallFont, std::min(x, lastMark - surface.TextWidth(text)),
+                 mark.Y2 > mark.Y1 ? y - surface.TextHeight(text) : y, text);
   }
-  surface.TextHalo.reset();
 }
 
-void DrawPageNames(DrawSurface& surface, const SkyView& view, std::vector<ChartArea>& taken) {
-  surface.Font = smallFont;
-  surface.TextHalo = White;
+void PrintDiscTexts(DrawSurface& surface, const SkyPage& page, const SkyView& view) {
+  Writer writer(surface, [](const Area& area) {
+    const double x = std::max(std::abs(area.left - ChartCentreX), std::abs(area.right - ChartCentreX));
+    const double y = std::max(std::abs(area.top - ChartCentreY), std::abs(area.bottom - ChartCentreY));
+    return std::hypot(x, y) < HorizonRadius * TwipsPerUnit;
+  });
+  for (const CompassMark& mark : CompassMarks(view.Projection))
+    writer.Print(mark.Side ? sideFont : smallFont, writer.X(mark.X), writer.Y(mark.Y), mark.Text);
+  DrawPageMarks(surface, writer, view.Track);
+  PrintPageNames(writer, page.Bodies);
+  if (!view.Switches.ConstellationNames) return;
   for (std::size_t i = 0; i < view.Places.Labels.size() && i < ConstellationLabels.size(); ++i) {
     const StarRow& place = view.Places.Labels[i];
     if (!(place.Altitude < 0))
-      PrintNoted(surface, taken, static_cast<double>(place.X), static_cast<double>(place.Y),
-                 ConstellationLabels[i].Abbreviation);
+      writer.PrintName(static_cast<double>(place.X), static_cast<double>(place.Y),
+                       ConstellationLabels[i].Abbreviation);
   }
-  surface.TextHalo.reset();
 }
 
 /// The circles of altitude: the horizon, and those of the grid.
@@ -172,8 +251,6 @@ void DrawDisc(PageSurface& surface, const SkyPage& page) {
   surface.FillStyle = FillKind::Transparent;
   surface.Circle(0, 0, ChartDiameter / 2 / TwipsPerUnit, Black);
   if (on.Landscape || (on.Grid && on.HorizontalGrid)) DrawAltitudes(surface, view);
-  std::vector<ChartArea> taken;
-  DrawRing(surface, view, taken);
   if (on.Grid && !on.HorizontalGrid) DrawSkyGrid(surface, view);
   if (on.ConstellationLines)
     for (const ConstellationLine& line : view.Places.Lines)
@@ -186,45 +263,82 @@ void DrawDisc(PageSurface& surface, const SkyPage& page) {
       DrawStarDot(surface, i + 1, static_cast<double>(star.X), static_cast<double>(star.Y));
   }
   DrawPageTrack(surface, view.Track);
-  if (on.ConstellationNames) DrawPageNames(surface, view, taken);
-  DrawPageMarks(surface, view.Track, taken);
-  DrawPageBodies(surface, page, taken);
+  DrawPageBodies(surface, page);
+  PrintDiscTexts(surface, page, view);
+}
+
+constexpr Area sphere{ChartCentreX - sphereHalfWidth, ChartCentreY - sphereHalfHeight,
+                      ChartCentreX + sphereHalfWidth, ChartCentreY + sphereHalfHeight};
+
+bool IsOnSphere(double x, double y) {
+  return x >= sphere.left && x <= sphere.right && y >= sphere.top && y <= sphere.bottom;
+}
+
+void DrawSphereObjects(PageSurface& surface, const SkyPage& page) {
+  const GeneralSkyView& view = *page.Sphere;
+  const ClipHold clip(surface, {sphere.left, sphere.top}, {2 * sphereHalfWidth, 2 * sphereHalfHeight});
+  if (view.Switches.Grid) {
+    for (int hour = 4; hour <= 20; hour += 4) surface.Line(hour, 90, hour, -90, Black);
+    for (int degree = -60; degree <= 60; degree += 30) surface.Line(24, degree, 0, degree, Black);
+  }
+  if (view.Switches.ConstellationLines) DrawGeneralFigures(surface, Black);
+  surface.DrawWidth = thinWidth;
+  surface.FillStyle = FillKind::Solid;
+  surface.FillColor = Black;
+  const auto count = static_cast<std::size_t>(UsableStarCount(view.StarCount));
+  for (std::size_t i = 0; i < count; ++i)
+    DrawStarDot(surface, i + 1, static_cast<double>(StarTable[i].RightAscension),
+                static_cast<double>(StarTable[i].Declination));
+  DrawPageBodies(surface, page);
+}
+
+/// The numbers of the grid, outside the rectangle.
+void PrintGridNumbers(DrawSurface& surface, Writer& writer) {
+  surface.Font = smallFont;
+  const double height = surface.TextHeight("0");
+  for (int hour = 4; hour <= 20; hour += 4) {
+    const std::string text = std::to_string(hour) + "h";
+    const double x = writer.X(hour);
+    if (IsOnSphere(x, sphere.top))
+      writer.Print(smallFont, x - surface.TextWidth(text) / 2, sphere.top - height, text);
+  }
+  for (int degree = -60; degree <= 60; degree += 30) {
+    const std::string text = std::to_string(degree) + "° ";
+    const double y = writer.Y(degree);
+    if (IsOnSphere(sphere.left, y))
+      writer.Print(smallFont, sphere.left - surface.TextWidth(text), y - height / 2, text);
+  }
+}
+
+void PrintSphereTexts(DrawSurface& surface, const SkyPage& page) {
+  const GeneralSkyView& view = *page.Sphere;
+  Writer writer(surface, [](const Area& area) {
+    return IsOnSphere(area.left, area.top) && IsOnSphere(area.right, area.bottom);
+  });
+  if (view.Switches.Grid) PrintGridNumbers(surface, writer);
+  std::vector<BodyMark> shown;
+  for (const BodyMark& mark : page.Bodies)
+    if (IsOnSphere(writer.X(mark.X), writer.Y(mark.Y))) shown.push_back(mark);
+  PrintPageNames(writer, shown);
+  if (!view.Switches.ConstellationNames) return;
+  for (const ConstellationLabel& label : ConstellationLabels)
+    if (IsOnSphere(writer.X(label.RightAscension), writer.Y(label.Declination)))
+      writer.PrintName(label.RightAscension, label.Declination,
+                       view.Box.WholeSky() ? label.Abbreviation : label.Name);
 }
 
 void DrawSphere(PageSurface& surface, const SkyPage& page) {
-  const GeneralSkyView& view = *page.Sphere;
-  const GeneralSkyBox& box = view.Box;
-  const DeviceSpot corner{ChartCentreX - sphereHalfWidth, ChartCentreY - sphereHalfHeight};
-  const DeviceSize size{2 * sphereHalfWidth, 2 * sphereHalfHeight};
+  const GeneralSkyBox& box = page.Sphere->Box;
   // the scale of the rectangle, carried on to the edges of the paper
-  const double across = box.ScaleWidth() / size.Width, down = box.ScaleHeight() / size.Height;
-  const double left = static_cast<double>(box.Left) - corner.X * across;
-  const double top = static_cast<double>(box.Top) - corner.Y * down;
+  const double across = box.ScaleWidth() / (2 * sphereHalfWidth);
+  const double down = box.ScaleHeight() / (2 * sphereHalfHeight);
+  const double left = static_cast<double>(box.Left) - sphere.left * across;
+  const double top = static_cast<double>(box.Top) - sphere.top * down;
   surface.Scale(left, top, left + PageWidth * across, top + PageHeight * down);
-  const GeneralSkyInk ink{.Grid = Black,
-                          .GridNames = Black,
-                          .Lines = Black,
-                          .Names = Black,
-                          .GridFont = smallFont,
-                          .NameFont = smallFont,
-                          .Halo = White};
-  {
-    const ClipHold clip(surface, corner, size);
-    if (view.Switches.Grid) DrawGeneralGrid(surface, box, ink);
-    if (view.Switches.ConstellationLines) DrawGeneralFigures(surface, ink);
-    surface.DrawWidth = thinWidth;
-    surface.FillStyle = FillKind::Solid;
-    surface.FillColor = Black;
-    const int count = UsableStarCount(view.StarCount);
-    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
-      DrawStarDot(surface, i + 1, static_cast<double>(StarTable[i].RightAscension),
-                  static_cast<double>(StarTable[i].Declination));
-    if (view.Switches.ConstellationNames) DrawGeneralNames(surface, box, ink);
-    DrawPageBodies(surface, page, {});
-  }
-  surface.ScaleModeTwips();
+  DrawSphereObjects(surface, page);
+  PrintSphereTexts(surface, page);
   surface.FillStyle = FillKind::Transparent;
-  surface.Box(corner.X, corner.Y, corner.X + size.Width, corner.Y + size.Height, Black, false);
+  surface.Box(sphere.left, sphere.top, sphere.right, sphere.bottom, Black, false);
 }
 
 }  // namespace

@@ -35,7 +35,7 @@ class PrintedCharts : public RunningProgram {
   }
   /// Prints by a command into a file of that name and reads its text; empty where there is no reader.
   QString Printed(const char* command, const QString& name,
-                  const QStringList& how = {QStringLiteral("-layout")}) {
+                  const QStringList& how = {QStringLiteral("-fixed"), QStringLiteral("6")}) {
     const QString path = ToQ(folder_.Path(FromQ(name) + ".pdf"));
     SetPrinterAnswer([path](QPrinter& printer) {
       printer.setOutputFormat(QPrinter::PdfFormat);
