@@ -2,6 +2,7 @@
 #include <chrono>
 
 #include "astro/mAstro.h"
+#include "astro/mConv.h"
 #include "bench/Figures.h"
 #include "catalogue/mTables.h"
 #include "controls/frmProgress.h"
@@ -60,6 +61,8 @@ double TableWithList(bool two) {
       window->Genera_elenco(ScratchSlot, CurrentDate, end, step, ObserverTable);
     QCoreApplication::processEvents();
   });
+  const int shown = Control<RowList>(dynamic_cast<QWidget*>(window), "List1")->RowCount();
+  if (shown < rowCount) throw RuntimeFailure("a table of " + std::to_string(shown) + " rows");
   UnloadAllForms({});
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   ResetForms();

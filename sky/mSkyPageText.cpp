@@ -158,10 +158,13 @@ std::string RowBelow(std::string_view heading, const std::vector<std::string>& c
   std::string row;
   for (std::size_t i = 0; i < cells.size(); ++i) {
     const std::size_t width = CharacterCount(cells[i]);
-    const std::size_t least = i == 0 ? 0 : CharacterCount(RightTrimmed(row)) + 2;
-    std::size_t begin = least;
-    if (i < words.size()) begin = i < left ? words[i].begin : words[i].end - std::min(width, words[i].end);
-    row = LeftAligned(RightTrimmed(row), std::max(begin, least)) + cells[i];
+    const std::size_t used = CharacterCount(row);
+    std::size_t begin = i == 0 ? 0 : used + 2;
+    if (i < words.size()) {
+      const std::size_t wanted = i < left ? words[i].begin : words[i].end - std::min(width, words[i].end);
+      begin = i == 0 ? wanted : std::max(wanted, used + 1);
+    }
+    row = LeftAligned(row, begin) + cells[i];
   }
   return row;
 }

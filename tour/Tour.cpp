@@ -3,13 +3,19 @@
 //   tour FOLDER [LANGUAGE]
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPixmap>
+#include <QTabWidget>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTextStream>
+#include <QTimer>
 #include <fstream>
 #include <functional>
 #include <iostream>
@@ -67,6 +73,8 @@ class TourPlatform : public QtPlatform {
  private:
   std::string settings_;
 };
+
+constexpr double minutesToAPass = 56;
 
 struct Stop {
   QString name;
@@ -168,6 +176,50 @@ QWidget* OpenLocalSky(MDIForm1& window, Date whenUtc, bool transit) {
   return sky->parentWidget();
 }
 
+/// The picture of a modal window, which `show` opens and waits for, in a label of its own.
+QWidget* WhileOpen(MDIForm1& window, const char* name, const std::function<void()>& show) {
+  QPixmap picture;
+  QTimer look;
+  QObject::connect(&look, &QTimer::timeout, [&] {
+    auto* const form = window.findChild<QDialog*>(QString::fromLatin1(name));
+    if (form == nullptr || !form->isVisible()) return;
+    look.stop();
+    Settle();
+    picture = form->grab();
+    form->close();
+  });
+  look.start(1);
+  show();
+  auto* const shown = new QLabel();
+  shown->setAttribute(Qt::WA_DeleteOnClose);
+  shown->setPixmap(picture);
+  shown->resize(picture.deviceIndependentSize().toSize());
+  return shown;
+}
+
+/// Moves the satellites of the live panel to where they stand some minutes later.
+void ShowLater(double minutes) {
+  UpdateSiderealTime(AddSeconds(CurrentDate, minutes * 60));
+  for (int slot = 1; slot <= ActiveCount; ++slot) ComputeSatelliteState(slot, ClockFields.JulianDayNow);
+  if (auto* const panel = Loaded<RefreshCalls>("frmTrack")) panel->Aggiorna_dati();
+  UpdateSiderealTime(CurrentDate);
+}
+
+/// Draws a box over the lower left quarter of the chart with the mouse.
+void ZoomWithMouse(MDIForm1& window, QWidget* sky) {
+  if (!window.IsChecked("mnuLocalSkyZoom")) window.RunCommand("mnuLocalSkyZoom");
+  auto* const chart = sky->findChild<QWidget*>(QStringLiteral("Picture1"));
+  const QPointF corner(chart->width() * 0.22, chart->height() * 0.42);
+  const QPointF other(chart->width() * 0.66, chart->height() * 0.97);
+  const auto send = [chart](QEvent::Type type, QPointF at) {
+    QMouseEvent event(type, at, chart->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(chart, &event);
+  };
+  send(QEvent::MouseButtonPress, corner);
+  send(QEvent::MouseButtonRelease, other);
+  window.RunCommand("mnuLocalSkyZoom");
+}
+
 std::vector<Stop> Stops(MDIForm1& window) {
   const auto child = [&window](const char* name) {
     auto* const form = window.findChild<QWidget*>(QString::fromLatin1(name));
@@ -242,7 +294,12 @@ std::vector<Stop> Stops(MDIForm1& window) {
          return dialog(new frmPreview(&window, ThePrinter(), child("frmDetails")->windowTitle(),
                                       [rows](QPrinter& printer) { return PrintRows(printer, rows); }));
        }},
-      {"frmChannel", "The radio channels of a satellite", [=] { return dialog(new frmChannel(1, 0)); }},
+      {"frmChannel", "The radio channels of a satellite",
+       [=] {
+         auto* const channel = new frmChannel();
+         channel->Fill(1, 0);
+         return dialog(channel);
+       }},
       {"frmTime", "The clocks, and a simulation that waits for its start",
        [=, &window] {
          window.RunCommand("mnuOpzioniData");
@@ -258,6 +315,42 @@ std::vector<Stop> Stops(MDIForm1& window) {
          window.RunCommand("mnuStrumentiCalendario");
          Settle();
          return child("frmCalendar");
+       }},
+      {"frmTrack", "Ten satellites a page, every second: here as they are seen from the place",
+       [=, &window] {
+         window.RunCommand("mnuEffemeridiSatelliti");
+         ShowLater(minutesToAPass);
+         Settle();
+         return child("frmTrack");
+       }},
+      {"frmTrack-Radio", "Their radio channels with the Doppler shift of this second",
+       [=, &window] {
+         Control<QTabWidget>(window.findChild<QWidget*>(QStringLiteral("frmTrack")), "SSTab1")
+             ->setCurrentIndex(3);
+         Settle();
+         return child("frmTrack");
+       }},
+      {"frmSatellite", "Everything about one element set",
+       [=, &window] { return WhileOpen(window, "frmSatellite", [] { ShowSatellite(1); }); }},
+      {"frmPlanets", "Planets, Sun and Moon, every second",
+       [=, &window] {
+         window.RunCommand("mnuEffemeridiPianeti");
+         Settle();
+         return child("frmPlanets");
+       }},
+      {"frmRiseSet", "Rise and set of Sun and Moon, and the Moon's phase",
+       [=, &window] {
+         window.RunCommand("mnuEffemeridiAlmanacco");
+         // six days on, so that the Moon has a phase to show
+         for (int day = 0; day < 6; ++day) Control<QAbstractButton>(&window, "cmdGiornoDopo")->click();
+         Settle();
+         return child("frmRiseSet");
+       }},
+      {"frmObject", "A planet that was clicked in the sky",
+       [=, &window] {
+         return WhileOpen(window, "frmObject", [] {
+           if (auto* const object = Load<ObjectCalls>("frmObject")) object->ShowObject(Saturn);
+         });
        }},
       {"frmLocation", "The observer's place, found by typing a part of its name",
        [=, &window] {
@@ -304,7 +397,8 @@ std::vector<Stop> Stops(MDIForm1& window) {
       {"frmWorldMap-Ortho", "The globe, turned to the principal satellite",
        [&window] {
          if (FormCalls* const progress = LoadedForm("frmProgress")) progress->Unload();
-         for (const char* const name : {"frmDatabase", "frmFile1", "frmDetails", "frmCalendar", "frmTime"})
+         for (const char* const name : {"frmDatabase", "frmFile1", "frmDetails", "frmCalendar", "frmTime",
+                                        "frmTrack", "frmPlanets", "frmRiseSet"})
            if (FormCalls* const form = LoadedForm(name)) form->Unload();
          return OpenMap(window, "mnuTerraMappaOrtografica", QSize(711, 490));
        }},
@@ -319,6 +413,17 @@ std::vector<Stop> Stops(MDIForm1& window) {
        [&window] { return OpenLocalSky(window, DateOf(2022, 6, 15) + 13.0 / 24, false); }},
       {"frmLocalSky-Twilight", "The sky in twilight",
        [&window] { return OpenLocalSky(window, DateOf(2022, 6, 15) + 19.9 / 24, false); }},
+      {"frmLocalSky-Zoom", "A part of the night sky, with all stars and without the landscape",
+       [&window] {
+         QWidget* const sky = OpenLocalSky(window, DateOf(2022, 6, 16) + 0.5 / 24, false);
+         if (sky == nullptr) return sky;
+         for (const char* const item :
+              {"mnuLocalSkyPaesaggio", "mnuLocalSkyProiezNormale", "mnuLocalSkyOrientamentoEst"})
+           window.RunCommand(item);
+         dynamic_cast<StarCountCalls*>(LoadedForm("frmLocalSky"))->SetStarCount(9010);
+         ZoomWithMouse(window, sky);
+         return sky;
+       }},
       {"frmSettings-Filters", "Options: which passes a list keeps",
        [=, &window] {
          window.RunCommand("mnuOpzioniFiltri");

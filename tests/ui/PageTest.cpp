@@ -94,7 +94,7 @@ TEST_F(PrintedCharts, LocalSkyIsTheScreensInEveryProjectionAndOrientation) {
   const QString text = Printed("mnuFileStampa", QStringLiteral("local"));
   EXPECT_EQ(text.count(QLatin1Char('\f')), 1);
   for (const char* const part : {"Halvorine - Version", "Map of the local sky", "Coordinates  : Lat. 45.",
-                                 "14 Jun 2022 at 22:30", "1 / 1"})
+                                 "14 Jun 2022 at 21:30", "1 / 1"})
     EXPECT_EQ(text.count(QLatin1String(part)), 1) << part << FromQ(text);
   ExpectTable(text, "frmLocalSky", "local");
 }
