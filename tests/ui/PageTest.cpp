@@ -127,15 +127,18 @@ TEST_F(PrintedCharts, PreviewShowsThePagesAndAFailureIsTold) {
   auto* const chart = Load<SkySatCalls>("frmSkySat");
   chart->ShowPass(FirstPass(1, true).value());
   SetPrinterAnswer([](QPrinter&) { return false; }, true);
+  QTimer look;  // the preview waits in a loop of its own
   bool seen = false;
-  QTimer::singleShot(0, window_.get(), [&seen] {
+  QObject::connect(&look, &QTimer::timeout, window_.get(), [&seen, &look] {
     auto* const preview = qobject_cast<frmPreview*>(QApplication::activeModalWidget());
-    ASSERT_NE(preview, nullptr);
+    if (preview == nullptr) return;
+    look.stop();
     QCoreApplication::processEvents();
     EXPECT_EQ(Control<QLabel>(preview, "lblPagina")->text(), "1 / 2");
     seen = true;
     preview->reject();
   });
+  look.start(5);
   Run("mnuFileStampa");
   EXPECT_TRUE(seen);
   const bool tick = TickEnabled;
