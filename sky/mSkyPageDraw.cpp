@@ -20,9 +20,11 @@ constexpr std::size_t lastOfClass1 = 293, lastOfClass2 = 1639;     // numbers of
 constexpr std::array<double, 3> starRadius = {26, 14, 8};          // twips, by class
 constexpr double trackDot = 22, trackStart = 70;                   // twips, radius
 constexpr double trackWidth = 2, thinWidth = 1;                    // of 10 twips
-constexpr double sphereHalfWidth = 4000, sphereHalfHeight = 3000;  // twips
+constexpr double sphereHalfWidth = 4000, sphereHalfHeight = 3300;  // twips
 constexpr double bodyRoom = 30;                                    // twips, between a body and its name
-constexpr double lastMark = PageWidth - PageLeft;                  // right end of times along a track
+constexpr double ringRoom = 30;                    // twips, between the disc and the texts around it
+constexpr int rings = 6;                           // of places around a body that are tried for its name
+constexpr double lastMark = PageWidth - PageLeft;  // right end of times along a track
 constexpr Colour red = Rgb(255, 0, 0);
 const DrawFont smallFont{.Family = "Courier New", .Points = 8};
 const DrawFont sideFont{.Family = "Courier New", .Points = 10, .Bold = true};
@@ -104,22 +106,29 @@ class Writer {
     return inside_(area) &&
            std::none_of(taken_.begin(), taken_.end(), [&](const Area& other) { return area.Meets(other); });
   }
+  /// The first place around a body, ever further away, where a text is free; at its right where none is.
+  DeviceSpot PlaceBeside(Area body, double width, double height, double lowered) const {
+    const DeviceSpot first{body.right, (body.top + body.bottom - height) / 2 + lowered};
+    for (int ring = 0; ring < rings; ++ring) {
+      const double x = (body.left + body.right - width) / 2;
+      const double y = (body.top + body.bottom - height) / 2 + lowered;
+      const double left = body.left - width, above = body.top - height;
+      for (const DeviceSpot& at : std::array<DeviceSpot, 8>{{{body.right, y},
+                                                             {left, y},
+                                                             {x, body.bottom},
+                                                             {x, above},
+                                                             {body.right, body.bottom},
+                                                             {body.right, above},
+                                                             {left, body.bottom},
+                                                             {left, above}}})
+        if (Free({at.X, at.Y, at.X + width, at.Y + height})) return at;
+      const double step = height / 2;
+      body = {body.left - step, body.top - step, body.right + step, body.bottom + step};
+    }
+    return first;
+  }
   void PrintBeside(const Area& body, std::string_view text, double lowered) {
-    const double width = surface_.TextWidth(text), height = surface_.TextHeight(text);
-    const double x = (body.left + body.right - width) / 2, y = (body.top + body.bottom - height) / 2;
-    const double left = body.left - width, above = body.top - height, below = body.bottom;
-    const std::array<DeviceSpot, 8> corners = {{{body.right, y + lowered},
-                                                {left, y + lowered},
-                                                {x, below},
-                                                {x, above},
-                                                {body.right, below},
-                                                {body.right, above},
-                                                {left, below},
-                                                {left, above}}};
-    const auto* const found = std::find_if(corners.begin(), corners.end(), [&](const DeviceSpot& corner) {
-      return Free(AreaAt(corner.X, corner.Y, text));
-    });
-    const DeviceSpot at = found == corners.end() ? corners.front() : *found;
+    const DeviceSpot at = PlaceBeside(body, surface_.TextWidth(text), surface_.TextHeight(text), lowered);
     Print(smallFont, at.X, at.Y, text);
   }
 
@@ -215,14 +224,29 @@ void DrawPageMarks(DrawSurface& surface, Writer& writer, const SkyTrack& track) 
   }
 }
 
+/// The names of the sides and the azimuths at their points; one that would touch the disc moves aside.
+void PrintRing(DrawSurface& surface, Writer& writer, const SkyProjection& projection) {
+  constexpr double clear = ChartDiameter / 2 + ringRoom;
+  for (const CompassMark& mark : CompassMarks(projection)) {
+    surface.Font = mark.Side ? sideFont : smallFont;
+    const double y = writer.Y(mark.Y), width = surface.TextWidth(mark.Text);
+    const double lower = y + surface.TextHeight(mark.Text);
+    const double off = lower < ChartCentreY ? ChartCentreY - lower : std::max(0.0, y - ChartCentreY);
+    const double half = off < clear ? std::sqrt(clear * clear - off * off) : 0;
+    double x = writer.X(mark.X);
+    if (half > 0)
+      x = mark.X > 0 ? std::max(x, ChartCentreX + half) : std::min(x, ChartCentreX - half - width);
+    writer.Print(surface.Font, x, y, mark.Text);
+  }
+}
+
 void PrintDiscTexts(DrawSurface& surface, const SkyPage& page, const SkyView& view) {
   Writer writer(surface, [](const Area& area) {
     const double x = std::max(std::abs(area.left - ChartCentreX), std::abs(area.right - ChartCentreX));
     const double y = std::max(std::abs(area.top - ChartCentreY), std::abs(area.bottom - ChartCentreY));
     return std::hypot(x, y) < HorizonRadius * TwipsPerUnit;
   });
-  for (const CompassMark& mark : CompassMarks(view.Projection))
-    writer.Print(mark.Side ? sideFont : smallFont, writer.X(mark.X), writer.Y(mark.Y), mark.Text);
+  PrintRing(surface, writer, view.Projection);
   DrawPageMarks(surface, writer, view.Track);
   PrintPageNames(writer, page.Bodies);
   if (!view.Switches.ConstellationNames) return;

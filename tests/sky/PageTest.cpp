@@ -142,7 +142,8 @@ TEST_F(PageTest, ChartPointsLandWhereTheTextbookPutsThemInAllOrientations) {
 }
 
 TEST_F(PageTest, NothingOverlapsAndAllStaysOnThePaper) {
-  view.Switches = {.Grid = true, .ConstellationLines = true, .SunMoonNames = true};
+  view.Switches = {
+      .Grid = true, .ConstellationLines = true, .ConstellationNames = true, .SunMoonNames = true};
   PassView pass = Pass();
   pass.Sky.Switches = view.Switches;
   for (const std::size_t i : {std::size_t{1}, pass.Sky.Track.Points.size() / 2}) {
@@ -151,7 +152,7 @@ TEST_F(PageTest, NothingOverlapsAndAllStaysOnThePaper) {
                 static_cast<double>(point.Y) * 0.5);
   }
   GeneralSkyView sphere;
-  sphere.Switches.SunMoonNames = true;
+  sphere.Switches.SunMoonNames = sphere.Switches.ConstellationNames = sphere.Switches.Grid = true;
   for (const SkyPage& page : {Local({}), PassPage(pass), GeneralSkyPage(sphere)}) {
     paper = {};
     PrintSkyPage(paper, page);
