@@ -229,7 +229,7 @@ TEST_F(PageTest, CellsSayWhatTheBodiesAre) {
   SkyObjectTable[Moon].PhaseAngle = M_PI / 2;
   EXPECT_EQ(BodyCells(Moon)[8], "50%");
   EXPECT_EQ(RowBelow("Größe  AU or km", {"1", "22"}, 0), "    1        22");
-  EXPECT_EQ(RowBelow("Name    Az.  Alt.", {"Mars :", "359.9", "-7.3"}, 1), "Mars : 359.9  -7.3");
+  EXPECT_EQ(RowBelow("Name    Az.  Alt.", {"Mars :", "359.9", "-7.3"}, 1), "Mars : 359.9 -7.3");
   EXPECT_EQ(RowBelow("", {"name", "1", "2"}, 1), "name  1  2") << "a language without the heading";
   EXPECT_EQ(RowBelow("A  B", {"long cell", "12"}, 1), "long cell 12");
 }
