@@ -272,7 +272,10 @@ void frmDatabase::Connect(int index) {
   connect(tab.list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           [this, index] { SelectionChanged(index); });
   connect(tab.add, &QPushButton::clicked, this, [this, index] { cmdAdd_Click(index); });
-  connect(tab.remove, &QPushButton::clicked, this, [this] { cmdRemove_Click(); });
+  connect(tab.remove, &QPushButton::clicked, this, [this] {
+    // not in the command itself, which the tick uses for what has decayed
+    if (!LongOperation::Refused()) cmdRemove_Click();
+  });
   connect(Control<GraphButton>(this, "cmdSommario", index), &QPushButton::clicked, this,
           [this, index] { cmdSommario_Click(index); });
   connect(tab.visible, &QPushButton::clicked, this, [this, index] { cmdVisibili_Click(index); });

@@ -149,6 +149,8 @@ void Apertura_database(int index, EmptyFile empty = EmptyFile::IsRead);
 /// what cmdVisibili selects. Entries that cannot be computed are left out. Uses the scratch slot.
 std::vector<int> RowsAboveHorizon(int index);
 
+/// Decodes an entry into the scratch slot; false where there is no such entry.
+bool DecodeEntry(int index, int number);
 /// Decodes an entry into the scratch slot and shows it in frmSatellite. Does nothing for an entry that does
 /// not exist or where there is no such window.
 void ShowEntry(int index, int number);
@@ -158,6 +160,8 @@ void ShowSatellite(int slot);
 /// For commands that need the primary database: true where rows are listed; otherwise asks whether to read
 /// the primary file, does so and tells whether there are rows then.
 bool DatabaseAtHand();
+
+// Commands that change the active list are refused, with a message, while a long operation runs.
 
 /// Row texts of lstActive; the row at position p belongs to slot p + 1.
 inline std::vector<std::string> ActiveRows;
@@ -171,6 +175,11 @@ void FillActiveRows();
 /// Adds entries of a database to the end of the active list: the command of cmdAdd, with its messages.
 /// An entry that is active already is told and left out; at 200 satellites the command ends.
 void AddSelected(int index, const std::vector<int>& numbers);
+
+/// Adds the satellite of a listed pass, an entry of the primary database, and asks whether it becomes the
+/// principal one. Tells where it is active already. False where the command is to end: the list is full, or
+/// the user has cancelled.
+bool ActivateEntry(int number);
 
 /// Removes the satellites at positions (from 0) of lstActive: the command of cmdRemove, with its message for
 /// an empty choice. Positions that do not exist are left out. States are not moved; the next tick computes

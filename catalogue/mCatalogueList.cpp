@@ -8,6 +8,7 @@
 #include "orbit/mSat.h"
 #include "shell/base/mForms.h"
 #include "shell/base/mLang.h"
+#include "shell/base/mLongOperation.h"
 #include "shell/base/mPlatform.h"
 #include "shell/base/mText.h"
 
@@ -50,6 +51,24 @@ int ActiveSlotOf(std::string_view number) {
   return 0;
 }
 
+void TellActive(int slot) {
+  ThePlatform().ShowMessage(MessageKind::Information, std::string(Trimmed(ElementSets[slot].Name)),
+                            LookupText("frmDatabase", "satellitegiainelenco"), MessageButtons::Ok);
+}
+
+void TellFull(MessageKind kind) {
+  Tell(kind,
+       LookupText("frmDatabase", "limiteraggiunto1") + "\n" + LookupText("frmDatabase", "limiteraggiunto2"));
+}
+
+void Append(const EntryView& entry) {
+  const int slot = ActiveCount + 1;
+  Azzera_Valori(slot);
+  DecodeInto(slot, entry);
+  ActiveRows.emplace_back(entry.name);
+  ActiveCount = ToInt16(slot);
+}
+
 void Compact() {
   int to = 1;
   for (int slot = 1; slot <= SlotCount; ++slot) {
@@ -90,6 +109,7 @@ void SyncActiveRows() {
 
 void AddSelected(int index, const std::vector<int>& numbers) {
   const SatelliteDatabase& database = DatabaseOf(index);
+  if (LongOperation::Refused()) return;
   if (numbers.empty()) {
     Tell(MessageKind::Information, LookupText("frmDatabase", "nosatelliteselezionato"));
     return;
@@ -98,25 +118,45 @@ void AddSelected(int index, const std::vector<int>& numbers) {
   for (const int number : numbers) {
     if (ActiveCount >= MaxActive) {
       ListChanged();
-      Tell(MessageKind::Warning, LookupText("frmDatabase", "limiteraggiunto1") + "\n" +
-                                     LookupText("frmDatabase", "limiteraggiunto2"));
+      TellFull(MessageKind::Warning);
       return;
     }
     if (number < 1 || number > database.Count()) continue;
     const EntryView& entry = database.Entry(number);
     if (const int slot = ActiveSlotOf(NumberKey(entry))) {
       ListChanged();
-      ThePlatform().ShowMessage(MessageKind::Information, std::string(Trimmed(ElementSets[slot].Name)),
-                                LookupText("frmDatabase", "satellitegiainelenco"), MessageButtons::Ok);
+      TellActive(slot);
       continue;
     }
-    const int slot = ActiveCount + 1;
-    Azzera_Valori(slot);
-    DecodeInto(slot, entry);
-    ActiveRows.emplace_back(entry.name);
-    ActiveCount = ToInt16(slot);
+    Append(entry);
   }
   ListChanged();
+}
+
+bool ActivateEntry(int number) {
+  if (LongOperation::Refused()) return false;
+  if (ActiveCount >= MaxActive) {
+    TellFull(MessageKind::Information);
+    return false;
+  }
+  if (number < 1 || number > PrimaryDatabase.Count()) return true;
+  if (const int slot = ActiveSlotOf(NumberKey(PrimaryDatabase.Entry(number)))) {
+    TellActive(slot);
+    return true;
+  }
+  const MessageAnswer answer =
+      Tell(MessageKind::Question, LookupText("frmVisibleSatellites", "impostarecomeprincipale"),
+           MessageButtons::YesNoCancel);
+  if (answer == MessageAnswer::Cancel) return false;
+  // lists may have changed while the question stood
+  if (ActiveCount >= MaxActive || number > PrimaryDatabase.Count()) return false;
+  SyncActiveRows();
+  Append(PrimaryDatabase.Entry(number));
+  ListChanged();
+  if (answer != MessageAnswer::Yes || ActiveCount == 1) return true;
+  const int position = MoveSelected({ActiveCount - 1}, ActiveMove::ToPrincipal);
+  if (auto* const window = Loaded<DatabaseCalls>("frmDatabase")) window->SelectActive(position);
+  return true;
 }
 
 void RemoveSelected(const std::vector<int>& positions) {
@@ -169,6 +209,7 @@ void SwapActive(int a, int b) {
 }
 
 int MoveSelected(const std::vector<int>& positions, ActiveMove move) {
+  if (LongOperation::Refused()) return -1;
   if (positions.size() != 1) {
     Tell(MessageKind::Information, LookupText("frmDatabase", "selezionaresatellite"));
     return -1;
@@ -183,7 +224,7 @@ int MoveSelected(const std::vector<int>& positions, ActiveMove move) {
 }
 
 void RotateActive() {
-  if (ActiveCount == 0) return;
+  if (ActiveCount == 0 || LongOperation::Refused()) return;
   SyncActiveRows();
   std::rotate(ActiveRows.begin(), ActiveRows.begin() + 1, ActiveRows.end());
   CopySlot(1, ActiveCount + 1);
@@ -207,7 +248,7 @@ void ClearActive() {
 }
 
 void RemoveAllActive() {
-  if (ActiveCount == 0) return;
+  if (ActiveCount == 0 || LongOperation::Refused()) return;
   if (Tell(MessageKind::Question, LookupText("frmDatabase", "richiestacancellazione"),
            MessageButtons::YesNoDefaultNo) == MessageAnswer::Yes)
     ClearActive();

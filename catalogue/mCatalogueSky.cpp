@@ -43,10 +43,14 @@ std::vector<int> RowsAboveHorizon(int index) {
   return above;
 }
 
-void ShowEntry(int index, int number) {
-  if (!CanLoadForm("frmSatellite") || number < 1 || number > DatabaseOf(index).Count()) return;
+bool DecodeEntry(int index, int number) {
+  if (number < 1 || number > DatabaseOf(index).Count()) return false;
   DecodeInto(ScratchSlot, DatabaseOf(index).Entry(number));
-  ShowSatellite(ScratchSlot);
+  return true;
+}
+
+void ShowEntry(int index, int number) {
+  if (CanLoadForm("frmSatellite") && DecodeEntry(index, number)) ShowSatellite(ScratchSlot);
 }
 
 void ShowSatellite(int slot) {

@@ -116,6 +116,7 @@ void RowList::paintEvent(QPaintEvent* event) {
   QListView::paintEvent(event);
   if (RowCount() > 0 || hint_.isEmpty()) return;
   QPainter painter(viewport());
+  painter.setFont(LookFont());  // the rows may have another one
   painter.setPen(palette().color(MutedRole));
   painter.drawText(viewport()->rect().adjusted(3, 4, -3, -4), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap,
                    hint_);

@@ -44,14 +44,19 @@ PassDuration DurationOf(double totalSeconds) {
   return duration;
 }
 
+std::string HeightText(const PassEvent& event) { return RightAligned(Format(event.elevation, "#0.0"), 4); }
+std::string AzimuthText(const PassEvent& event) { return RightAligned(Format(event.azimuth, "##0"), 4); }
+std::string MagnitudeText(const PassEvent& event) { return RightAligned(MagnitudeOf(event.magnitude), 4); }
+std::string StateText(const PassEvent& event) { return LeftAligned(Stato2Stringa(event.condition), 8); }
+
 PassTexts TextsOf(const PassEvent& event) {
   PassTexts texts;
-  texts.height = RightAligned(Format(event.elevation, "#0.0"), 4);
-  texts.azimuth = RightAligned(Format(event.azimuth, "##0"), 4);
-  texts.magnitude = RightAligned(MagnitudeOf(event.magnitude), 4);
+  texts.height = HeightText(event);
+  texts.azimuth = AzimuthText(event);
+  texts.magnitude = MagnitudeText(event);
   texts.sun = RightAligned(Format(event.sunElevation, "00.0"), 5);
   texts.distance = RightAligned(Format(event.range, "0.0"), 8);
-  texts.state = LeftAligned(Stato2Stringa(event.condition), 8);
+  texts.state = StateText(event);
   texts.row = FormatDate(event.date, "dd mmm yyyy  hh:mm:ss", LanguageDates) + std::string(18, ' ') +
               texts.height + "   " + Format(event.azimuth, "000.0") + "   " + texts.state + "  " +
               texts.magnitude + "   " + texts.sun + "  " + texts.distance;
@@ -81,7 +86,9 @@ bool PassEngine::RunSlots(int first, int last) {
   try {
     for (int slot = first; slot <= last; ++slot) {
       PassSlot = ToInt16(slot);
-      SearchSlot(slot);
+      number_ = slot;
+      YieldAndLook(0);
+      SearchSlot();
     }
   } catch (const SearchCancelled&) {
     whole = false;
@@ -96,7 +103,8 @@ bool PassEngine::RunDatabase(std::span<const DatabaseEntry> entries) {
   try {
     for (std::size_t k = 0; k < entries.size(); ++k) {
       PassSlot = ScratchSlot;
-      currentEntry_ = static_cast<int>(k + 1);
+      number_ = currentEntry_ = static_cast<int>(k + 1);
+      YieldAndLook(0);
       // decoding keeps a slot's channels, and these would be of the entry before
       Azzera_Satelement(ScratchSlot);
       SearchEntry(entries[k]);
@@ -117,7 +125,7 @@ void PassEngine::SearchEntry(const DatabaseEntry& entry) {
       ComputeSatelliteState(ScratchSlot, query_.tStart);
       if (SatelliteStates[ScratchSlot].Elevation < 0) return;
     }
-    SearchSlot(currentEntry_);
+    SearchSlot();
   } catch (const SearchCancelled&) {
     throw;
   } catch (const RuntimeFailure&) {
@@ -142,10 +150,8 @@ void PassEngine::PutBack(const Before& before) {
   tSet_ = before.tSet;
 }
 
-void PassEngine::SearchSlot(int number) {
+void PassEngine::SearchSlot() {
   const ElementSet& set = ElementSets[PassSlot];
-  number_ = number;
-  Yield(0);
   if (HasNearlyConstantElevation(set)) return;
   const double step = Div(1.0, set.MeanMotion) / 4;  // a quarter of a revolution
   const double tStart = query_.tStart;
@@ -170,10 +176,14 @@ void PassEngine::SearchSlot(int number) {
   PREDICI(tStart, tEnd, step, slopeWidth);
 }
 
-void PassEngine::Yield(double days) {
-  if (!clock_.Due()) return;
-  watcher_.Progress(number_, days);
-  ThePlatform().Yield();
+void PassEngine::YieldAndLook(double days) {
+  if (clock_.Due()) {
+    watcher_.Progress(number_, days);
+    ThePlatform().Yield();
+  }
+  if (!CancelRequested) return;
+  CancelRequested = false;
+  throw SearchCancelled();
 }
 
 double PassEngine::SlopeAt(double t, double delta) {
@@ -360,13 +370,7 @@ void PassEngine::EVENTI(double tStart, double tEnd, double tFound) {
 void PassEngine::FileEvent(double tStart, double tEnd, double tFound, double fFound, bool isTop) {
   constexpr double threeSeconds = 3.0 / 86400;
   const bool silent = events_ < silentEvents_;
-  if (!silent) {
-    Yield(tFound - tStart);
-    if (CancelRequested) {
-      CancelRequested = false;
-      throw SearchCancelled();
-    }
-  }
+  if (!silent) YieldAndLook(tFound - tStart);
   tFound_ = tFound;
   fFound_ = fFound;
   isTop_ = isTop;

@@ -54,6 +54,11 @@ struct PassTexts {
   std::string row;
 };
 PassTexts TextsOf(const PassEvent& event);
+/// Some of them alone.
+std::string HeightText(const PassEvent& event);
+std::string AzimuthText(const PassEvent& event);
+std::string MagnitudeText(const PassEvent& event);
+std::string StateText(const PassEvent& event);
 
 /// Follows a run. Progress comes by the clock and not for each item.
 class PassWatcher {
@@ -109,7 +114,7 @@ class PassEngine {
   void PutBack(const Before& before);
 
   void SearchEntry(const DatabaseEntry& entry);
-  void SearchSlot(int number);
+  void SearchSlot();
   /// As PREDICI, but looks only where the satellite can rise. Gives the same passes.
   void SearchWithinReach(double tStart, double tEnd, double step, double delta);
   double SlopeAt(double t, double delta);
@@ -122,7 +127,8 @@ class PassEngine {
   void StateAt(double julianDay);
   PassEvent EventAt(double julianDay) const;
   bool Stays(const PassRecord& pass) const;
-  void Yield(double days);
+  /// Lets events run where it is time, then raises SearchCancelled where the user has asked for the end.
+  void YieldAndLook(double days);
 
   PassQuery query_;
   PassWatcher& watcher_;

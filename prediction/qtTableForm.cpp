@@ -20,8 +20,6 @@ namespace halvorine {
 namespace {
 
 constexpr int mostAmount = 59;
-// a year at each end of what the control holds is left to zones
-const QDate firstDay(1601, 1, 1), lastDay(9998, 12, 31);
 // logical pixels
 constexpr int formWidth = 540, formHeight = 400, listWidth = 230, textMargin = 4;
 
@@ -124,16 +122,9 @@ QComboBox* TableForm::MakeUnits(const char* name, std::initializer_list<const ch
 QWidget* TableForm::MakeSpan() {
   auto* const frame = Named(new QGroupBox(), "fraDurata");
   DTPicker1_ = Named(new QDateTimeEdit(), "DTPicker1");
-  // in the label of Universal Time no time of day is missing, whatever the computer's zone
-  DTPicker1_->setTimeSpec(Qt::UTC);
-  DTPicker1_->setDateTimeRange(QDateTime(firstDay, QTime(0, 0), Qt::UTC),
-                               QDateTime(lastDay, QTime(23, 59, 59), Qt::UTC));
-  DTPicker1_->setDisplayFormat(QStringLiteral("yyyy-MM-dd  HH:mm:ss"));
-  DTPicker1_->setCalendarPopup(true);
+  DressPicker(*DTPicker1_, CurrentDate);
   if (auto* const line = DTPicker1_->findChild<QLineEdit*>()) line->setTextMargins(textMargin, 0, 0, 0);
-  DressCalendar(*DTPicker1_->calendarWidget());
   DTPicker1_->setAccessibleName(Text("datainizio"));
-  DTPicker1_->setDateTime(DateTimeOf(CurrentDate));
   DTPicker1_->setMinimumWidth(DTPicker1_->sizeHint().width() + 2 * textMargin);
   // two hours by the minute: one revolution and a bit of most satellites
   cmbDurata_ = MakeNumbers("cmbDurata", 2);

@@ -375,6 +375,7 @@ void frmLocation::cmdFusoOrario_Click() {
 }
 
 void frmLocation::cmdOK_Click() {
+  if (LongOperation::Refused()) return;
   SiteChoice choice;
   if (const int row = ChosenRow()) {
     City city = CityOf(row);

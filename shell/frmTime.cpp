@@ -4,7 +4,6 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -20,8 +19,6 @@ namespace halvorine {
 namespace {
 
 constexpr const char* section = "frmTime";
-// a year at each end of what the controls hold is left to zones and to the ticks of a simulation
-const QDate firstDay(1601, 1, 1), lastDay(9998, 12, 31);
 
 struct ValueRow {
   const char *captionName, *key;
@@ -114,14 +111,7 @@ QWidget* frmTime::MakeSettings() {
   keepsItsRoom.setRetainSizeWhenHidden(true);
   lblOraInizioSimulazione_->setSizePolicy(keepsItsRoom);
   DTPicker1_ = Named(new QDateTimeEdit(), "DTPicker1");
-  // in the label of Universal Time no time of day is missing, whatever the computer's zone
-  DTPicker1_->setTimeSpec(Qt::UTC);
-  DTPicker1_->setDateTimeRange(QDateTime(firstDay, QTime(0, 0), Qt::UTC),
-                               QDateTime(lastDay, QTime(23, 59, 59), Qt::UTC));
-  DTPicker1_->setDisplayFormat(QStringLiteral("yyyy-MM-dd  HH:mm:ss"));
-  DTPicker1_->setCalendarPopup(true);
-  if (auto* const line = DTPicker1_->findChild<QLineEdit*>()) line->setTextMargins(4, 0, 0, 0);
-  DressCalendar(*DTPicker1_->calendarWidget());
+  DressPicker(*DTPicker1_, CurrentDate);
   DTPicker1_->setAccessibleName(lblOraInizioSimulazione_->text());
   cmdPlay_ = MakeButton("cmdPlay", section, "play");
   cmdPlay_->setToolTip(Text(section, "attivasimulazione"));

@@ -19,6 +19,7 @@
 #include "prediction/frmRelative.h"
 #include "prediction/frmSatellite.h"
 #include "prediction/frmTrack.h"
+#include "prediction/frmVisibleSatellites.h"
 #include "shell/base/mPlatform.h"
 #include "shell/base/qtForms.h"
 #include "shell/frmCalendar.h"
@@ -60,6 +61,7 @@ void RegisterWindows() {
   MakeLoadable<frmDatabase>("frmDatabase");
   MakeLoadable<frmDetails>("frmDetails");
   MakeLoadable<frmGeneralSky>("frmGeneralSky");
+  MakeLoadable<frmVisibleSatellites>("frmVisibleSatellites");
   MakeLoadable<frmLocation>("frmLocation");
   MakeLoadable<frmProgress>("frmProgress");
   MakeLoadable<frmSkySat>("frmSkySat");

@@ -28,7 +28,7 @@ BUTTONS = (
     ("frmtime", ("play", "stop"), ("sincronizza",)),
     ("frmvisiblesatellites", ("calcola", "dettagli", "mappa", "attiva"), ()),
 )
-WINDOW_MENU = ("frmvisiblesatellites", ("mnufile",), ("mnusalva", "mnusalvaelenco", "mnustampa"))
+WINDOW_MENU = ("frmvisiblesatellites", ("mnufile",), ("mnusalva", "mnusalvaelenco", "mnustampa", "mnuanteprima"))
 
 # Items that name the satellite under the pointer.
 WITHOUT_MNEMONIC = ("mnuworldmapsatellite", "mnulocalskysatellite")

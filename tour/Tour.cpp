@@ -300,6 +300,22 @@ std::vector<Stop> Stops(MDIForm1& window) {
          channel->Fill(1, 0);
          return dialog(channel);
        }},
+      {"frmVisibleSatellites", "The passes of one night, and the report of the chosen one",
+       [=, &window] {
+         window.RunCommand("mnuSatellitiPrevisioniPassaggi");
+         auto* const form = child("frmVisibleSatellites");
+         Control<QComboBox>(form, "cmbDurata", 0)->setCurrentIndex(6);
+         Control<QAbstractButton>(form, "chkSoloVisibili", 0)->setChecked(true);
+         Control<QAbstractButton>(form, "cmdOK", 0)->click();
+         Settle();
+         return form;
+       }},
+      {"frmVisibleSatellites-Empty", "The other satellites, before they are computed",
+       [=] {
+         auto* const form = child("frmVisibleSatellites");
+         Control<QTabWidget>(form, "SSTab1")->setCurrentIndex(2);
+         return form;
+       }},
       {"frmTime", "The clocks, and a simulation that waits for its start",
        [=, &window] {
          window.RunCommand("mnuOpzioniData");
@@ -398,7 +414,7 @@ std::vector<Stop> Stops(MDIForm1& window) {
        [&window] {
          if (FormCalls* const progress = LoadedForm("frmProgress")) progress->Unload();
          for (const char* const name : {"frmDatabase", "frmFile1", "frmDetails", "frmCalendar", "frmTime",
-                                        "frmTrack", "frmPlanets", "frmRiseSet"})
+                                        "frmTrack", "frmPlanets", "frmRiseSet", "frmVisibleSatellites"})
            if (FormCalls* const form = LoadedForm(name)) form->Unload();
          return OpenMap(window, "mnuTerraMappaOrtografica", QSize(711, 490));
        }},

@@ -1,5 +1,6 @@
 #include "shell/base/qtDates.h"
 
+#include <QLineEdit>
 #include <QTextCharFormat>
 #include <QToolButton>
 #include <algorithm>
@@ -44,6 +45,21 @@ QLocale LanguageLocale() {
        QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry))
     if (SpeaksLanguage(locale)) return QLocale(locale.language());
   return QLocale(QLocale::English);
+}
+
+void DressPicker(QDateTimeEdit& picker, Date date) {
+  // in the label of Universal Time no time of day is missing, whatever the computer's zone
+  picker.setTimeSpec(Qt::UTC);
+  // a year at each end of what the control holds is left to zones and to the ticks of a simulation
+  picker.setDateTimeRange(QDateTime(QDate(1601, 1, 1), QTime(0, 0), Qt::UTC),
+                          QDateTime(QDate(9998, 12, 31), QTime(23, 59, 59), Qt::UTC));
+  picker.setDisplayFormat(QStringLiteral("yyyy-MM-dd  HH:mm:ss"));
+  picker.setCalendarPopup(true);
+  if (auto* const line = picker.findChild<QLineEdit*>()) line->setTextMargins(4, 0, 0, 0);
+  DressCalendar(*picker.calendarWidget());
+  picker.setDateTime(DateTimeOf(date));
+  // the hint leaves the margin of the text out
+  picker.setMinimumWidth(picker.sizeHint().width() + 8);
 }
 
 void DressCalendar(QCalendarWidget& calendar) {

@@ -3,6 +3,7 @@
 
 #include <QCalendarWidget>
 #include <QDateTime>
+#include <QDateTimeEdit>
 #include <QLocale>
 
 #include "shell/base/mRecords.h"
@@ -17,6 +18,9 @@ Date DateOf(const QDateTime& moment);
 /// The locale whose months are called as the language file calls them, the user's own first; English where no
 /// locale does. Serves calendars, which take the names of days and months from a locale.
 QLocale LanguageLocale();
+
+/// Makes a control for date and time ready: years 1601 to 9998, seconds, a calendar, and this date.
+void DressPicker(QDateTimeEdit& picker, Date date);
 
 /// Makes a calendar speak the language of the program, in the colours of the palette alone.
 void DressCalendar(QCalendarWidget& calendar);

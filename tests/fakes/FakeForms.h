@@ -96,6 +96,13 @@ class FakeMagnitude : public FakeForm<MagnitudeCalls> {
   }
 };
 
+class FakeSkySat : public FakeForm<SkySatCalls> {
+ public:
+  explicit FakeSkySat(CallLog& log) : FakeForm("frmSkySat", log) {}
+  void ShowPass(const PassChart& pass) override { shown = pass; }
+  PassChart shown;
+};
+
 class FakePlanets : public FakeForm<RefreshCalls> {
  public:
   explicit FakePlanets(CallLog& log) : FakeForm("frmPlanets", log) {}

@@ -9,6 +9,7 @@
 #include <map>
 
 #include "controls/qtLook.h"
+#include "prediction/mPassRun.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mLang.h"
 #include "shell/base/mLongOperation.h"
@@ -112,6 +113,7 @@ TEST_F(EveryWindowTest, AllMayBeOpenedUsedAndClosedDuringLongWork) {
          Load<DetailsCalls>("frmDetails")->Genera_elenco(1, CurrentDate, CurrentDate + 2, step, 1);
        }},
       {"a summary", [] { Load<DetailsCalls>("frmDetails")->Sommario(0); }},
+      {"a search of passes", [] { RunPasses({.start = CurrentDate, .duration = 12}); }},
   };
   // these wait in a loop of their own, end the program, or leave windows to the desktop
   const QStringList waiting{"mnuOpzioniLingua",    "mnuAiutoInformazioni",
