@@ -15,6 +15,7 @@
 #include "shell/base/mReg.h"
 #include "sky/mSkyChecks.h"
 #include "sky/mStars.h"
+#include "sky/qtPage.h"
 
 namespace halvorine {
 
@@ -221,8 +222,16 @@ void frmLocalSky::SetStarCount(int count) {
   Genera_mappa();
 }
 
+void frmLocalSky::Stampa() {
+  PrintChart(this, [this] {
+    Genera_mappa();  // the chart, its date and the table are of one moment
+    return LocalSkyPage(view_);
+  });
+}
+
 void frmLocalSky::MenuCommand(std::string_view item) {
   if (item == "mnuLocalSkyChiudi") return Unload();
+  if (item == "mnuLocalSkyStampa") return Stampa();
   if (item == "mnuLocalSkySoloPrincipale") return;  // the tick reads it
   if (item == "mnuLocalSkyMagnitudine") {
     if (auto* const window = Load<MagnitudeCalls>("frmMagnitude")) window->ShowFor("locale");

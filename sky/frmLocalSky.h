@@ -16,7 +16,11 @@ class DataBox;
 class SurfaceWidget;
 class PixmapSurface;
 
-class frmLocalSky : public ChildForm, public LocalSkyCalls, public StarCountCalls, public PopupCalls {
+class frmLocalSky : public ChildForm,
+                    public LocalSkyCalls,
+                    public StarCountCalls,
+                    public PopupCalls,
+                    public PrintCalls {
   Q_OBJECT
  public:
   frmLocalSky();
@@ -32,6 +36,7 @@ class frmLocalSky : public ChildForm, public LocalSkyCalls, public StarCountCall
   int StarCount() const override { return view_.StarCount; }
   void SetStarCount(int count) override;
   void MenuCommand(std::string_view item) override;
+  void Stampa() override;
 
  protected:
   void BeforeUnload() override;

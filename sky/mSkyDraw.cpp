@@ -129,7 +129,7 @@ void DrawSkyBackground(DrawSurface& surface, SkyView& view) {
   surface.FillStyle = FillKind::Transparent;
 }
 
-void DrawCompass(DrawSurface& surface, const SkyView& view) {
+std::array<CompassMark, 12> CompassMarks(const SkyProjection& projection) {
   constexpr std::array<std::array<double, 2>, 12> points = {{{95, 2},
                                                              {78, 52},
                                                              {45, 86},
@@ -144,17 +144,23 @@ void DrawCompass(DrawSurface& surface, const SkyView& view) {
                                                              {78, -45}}};
   constexpr std::array<const char*, 12> ring = {"W", "300°", "330°", "N", " 30°", " 60°",
                                                 "E", "120°", "150°", "S", "210°", "240°"};
-  const std::size_t first =
-      ring.size() - 3 * static_cast<std::size_t>(QuarterTurns(view.Projection.Orientation));
+  const std::size_t first = ring.size() - 3 * static_cast<std::size_t>(QuarterTurns(projection.Orientation));
+  std::array<CompassMark, 12> marks;
+  for (std::size_t i = 0; i < marks.size(); ++i) {
+    const std::size_t text = (first + i) % ring.size();
+    marks[i] = {points[i][0], points[i][1], ring[text], text % 3 == 0};
+  }
+  return marks;
+}
+
+void DrawCompass(DrawSurface& surface, const SkyView& view) {
   surface.ForeColor = view.CompassColour;
   surface.TextHalo = Black;
-  for (std::size_t i = 0; i < points.size(); ++i) {
-    const std::size_t text = (first + i) % ring.size();
-    const bool side = text % 3 == 0;
-    surface.Font = {.Points = side ? 10.0 : 8.0, .Bold = side};
+  for (const CompassMark& mark : CompassMarks(view.Projection)) {
+    surface.Font = {.Points = mark.Side ? 10.0 : 8.0, .Bold = mark.Side};
     // a text of the whole view stays inside it; texts begin a little behind the pen
-    const double last = surface.UserX(surface.Width()) - surface.TextWidth(std::string(ring[text]) + " ");
-    PrintAt(surface, view.Zoomed ? points[i][0] : std::min(points[i][0], last), points[i][1], ring[text]);
+    const double last = surface.UserX(surface.Width()) - surface.TextWidth(std::string(mark.Text) + " ");
+    PrintAt(surface, view.Zoomed ? mark.X : std::min(mark.X, last), mark.Y, mark.Text);
   }
 }
 

@@ -7,13 +7,18 @@
 #include "astro/mAstro.h"
 #include "astro/mConv.h"
 #include "catalogue/mCatalogue.h"
+#include "controls/qtPreview.h"
+#include "controls/qtPrint.h"
 #include "maps/qtSurface.h"
 #include "orbit/mSat.h"
 #include "shell/MDIForm1.h"
 #include "shell/base/mForms.h"
+#include "shell/base/mGlobal.h"
 #include "shell/base/qtForms.h"
 #include "shell/mTick.h"
 #include "sky/mSkySat.h"
+#include "sky/qtPage.h"
+#include "sky/qtSkyPictures.h"
 #include "tests/fakes/FoundPass.h"
 
 namespace halvorine {
@@ -36,6 +41,23 @@ void Drag(QWidget& widget, QPoint from, QPoint to) {
   SendMouse(widget, QEvent::MouseMove, to, Qt::LeftButton);
   SendMouse(widget, QEvent::MouseButtonRelease, to, Qt::LeftButton);
 }
+
+QWidget* Preview(const SkyPage& page, const QString& title) {
+  ThePrinter().setPageOrientation(QPageLayout::Portrait);
+  auto* const preview = new frmPreview(nullptr, ThePrinter(), title, [page](QPrinter& printer) {
+    PrinterSurface surface(printer);
+    PrintSkyPage(surface, page);
+    return true;
+  });
+  preview->setAttribute(Qt::WA_DeleteOnClose);
+  preview->resize(820, 1180);
+  preview->show();
+  SettleBoxes();
+  return preview;
+}
+
+constexpr SkySwitches pageSwitches{
+    .Grid = true, .ConstellationLines = true, .ConstellationNames = true, .SunMoonNames = true};
 
 }  // namespace
 
@@ -145,6 +167,44 @@ QWidget* OpenFullPassChart(MDIForm1& window) {
   }
   SettleBoxes();
   return frame;
+}
+
+QWidget* PreviewLocalSky() {
+  QtSkyPictures pictures;
+  PixmapSurface surface;
+  surface.Resize(QSize(400, 400), 1);
+  SkyView view;
+  view.Switches = pageSwitches;
+  view.Pictures = &pictures;
+  Genera_mappa(surface, view);
+  return Preview(LocalSkyPage(view), Text("frmLocalSky", "mappalocale"));
+}
+
+QWidget* PreviewPass(int pageNumber) {
+  QtSkyPictures pictures;
+  PixmapSurface surface;
+  surface.Resize(QSize(400, 400), 1);
+  PassView view = EmptyPassView();
+  view.Sky.Switches = pageSwitches;
+  view.Sky.Pictures = &pictures;
+  TakePass(view, *FirstPass(1, true));
+  const std::vector<TrackPoint>& points = view.Sky.Track.Points;
+  for (std::size_t i = 0; i < 3; ++i) {
+    const std::size_t at = points.size() * (2 * i + 1) / 6;
+    AddTimeMark(view.Sky.Track, static_cast<int>(at), static_cast<double>(points[at].X) * 0.55,
+                static_cast<double>(points[at].Y) * 0.55);
+  }
+  Genera_mappa(surface, view);
+  QWidget* const preview = Preview(PassPage(view), Text("frmSkySat", "mappa"));
+  if (pageNumber == 2) Control<QToolButton>(preview, "cmdSuccessiva")->click();
+  return preview;
+}
+
+QWidget* PreviewGeneralSky() {
+  GeneralSkyView view;
+  view.Switches = {
+      .Grid = true, .ConstellationLines = true, .ConstellationNames = true, .SunMoonNames = true};
+  return Preview(GeneralSkyPage(view), Text("frmGeneralSky", "mappagenerale"));
 }
 
 }  // namespace halvorine

@@ -24,5 +24,9 @@ QWidget* ZoomGeneralSky(MDIForm1& window);
 QWidget* OpenPassChart();
 /// One with everything on it and times along the track.
 QWidget* OpenFullPassChart(MDIForm1& window);
+/// The charts on paper, as the preview shows them; that of the pass has two pages.
+QWidget* PreviewLocalSky();
+QWidget* PreviewPass(int pageNumber);
+QWidget* PreviewGeneralSky();
 
 }  // namespace halvorine

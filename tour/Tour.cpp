@@ -18,6 +18,7 @@
 #include <set>
 #include <vector>
 
+#include "astro/mAstro.h"
 #include "astro/mConv.h"
 #include "catalogue/frmChannel.h"
 #include "catalogue/frmFile.h"
@@ -25,6 +26,7 @@
 #include "catalogue/qtDatabaseList.h"
 #include "controls/qtPreview.h"
 #include "controls/qtPrint.h"
+#include "orbit/mSat.h"
 #include "shell/MDIForm1.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mReg.h"
@@ -414,6 +416,10 @@ std::vector<Stop> Stops(MDIForm1& window) {
        }},
       {"frmSkySat-All", "Another chart of it with grid, figures, names and times",
        [&window] { return OpenFullPassChart(window); }},
+      {"frmPreview-LocalSky", "The local sky on paper", [] { return PreviewLocalSky(); }},
+      {"frmPreview-Pass", "A pass on paper, with its times", [] { return PreviewPass(1); }},
+      {"frmPreview-Pass-2", "Its second page: room for notes, and the bodies", [] { return PreviewPass(2); }},
+      {"frmPreview-GeneralSky", "The whole sky on paper", [] { return PreviewGeneralSky(); }},
       {"MDIForm1-Night", "Night colours for eyes that are used to the dark",
        [&window]() -> QWidget* {
          for (const char* const name : {"frmFloating", "frmSkySat1", "frmSkySat2"})

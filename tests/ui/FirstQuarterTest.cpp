@@ -187,8 +187,9 @@ TEST_F(FirstQuarterTest, EveryCommandDoesWhatItSaysOrIsDisabled) {
       {"mnuEffemeridiAlmanacco", "frmRiseSet"},
       {"mnuSatellitiElementiOrbitali", "frmSatellite"}};
   // these ask with a window of their own that waits, or end the program; other tests drive them
-  const QStringList waiting{"mnuOpzioniLingua", "mnuAiutoInformazioni", "mnuFileEsci",
-                            "mnuFileImpostaStampante", "mnuFileStampa"};
+  const QStringList waiting{"mnuOpzioniLingua",        "mnuAiutoInformazioni", "mnuFileEsci",
+                            "mnuFileImpostaStampante", "mnuFileStampa",        "mnuLocalSkyStampa",
+                            "mnuGeneralSkyStampa",     "mnuSkySatStampa"};
   int enabled = 0;
   QStringList disabled;
   for (QAction* const action : window_->findChildren<QAction*>()) {
