@@ -1,6 +1,9 @@
 #include "astro/mAstroRiseSet.h"
 
 #include <array>
+#include <cmath>
+#include <cstdint>
+#include <optional>
 
 #include "astro/mMate.h"
 #include "shell/base/mLang.h"
@@ -11,15 +14,6 @@ namespace {
 
 constexpr double DR = 0.017453292500000002;
 constexpr double K1 = 0.2625161680430363;  // radians per hour that the sky turns
-
-/// The output arguments of both routines.
-struct EventTexts {
-  std::string &riseTime, &setTime, &riseAzimuth, &setAzimuth, &note;
-
-  void Clear() const {
-    for (std::string* text : {&riseTime, &setTime, &riseAzimuth, &setAzimuth, &note}) text->clear();
-  }
-};
 
 struct Place {
   double rightAscension = 0, declination = 0;  // radians
@@ -124,17 +118,17 @@ void KeepRising(double& angle, double former) {
   if (angle < former) angle += TwoPi;
 }
 
-/// Walks over the hours of a day and writes the events that it finds.
+/// Walks over the hours of a day and notes the events that it finds.
 class DayWalk {
  public:
-  DayWalk(double latitude, double sidereal, double zenith, const Place& first, const EventTexts& texts)
+  DayWalk(double latitude, double sidereal, double zenith, const Place& first, DayEvents& events)
       : S_(std::sin(latitude * DR)),
         C_(std::cos(latitude * DR)),
         T0_(sidereal),
         Z_(zenith),
         A0_(first.rightAscension),
         D0_(first.declination),
-        texts_(texts) {}
+        events_(events) {}
 
   /// Looks for an event in hour c, at whose end the body stands at A2, D2.
   void Hour(int c, double A2, double D2) {
@@ -148,14 +142,12 @@ class DayWalk {
 
   /// Tells why events are missing.
   void WriteNote() const {
-    const char* key = "";
     if (!riseSeen_ && !setSeen_)
-      key = V2_ < 0 ? "sottoorizzonte" : V2_ > 0 ? "sopraorizzonte" : "";
+      events_.NoteKey = V2_ < 0 ? "sottoorizzonte" : V2_ > 0 ? "sopraorizzonte" : "";
     else if (!riseSeen_)
-      key = "nonsorge";
+      events_.NoteKey = "nonsorge";
     else if (!setSeen_)
-      key = "nontramonta";
-    if (*key != '\0') texts_.note = LookupText("frmRiseSet", key);
+      events_.NoteKey = "nontramonta";
   }
 
  private:
@@ -192,15 +184,8 @@ class DayWalk {
     }
     double e = Div(-b + q, 2 * a);
     if (e > 1 || e < 0) e = Div(-b - q, 2 * a);
-    WriteTime(c + e + 1.0 / 120);  // half a minute, for the rounding
+    if (event_ != Event::None) (event_ == Event::Rise ? events_.RiseHour : events_.SetHour) = c + e;
     WriteAzimuth(D1, H0 + e * (H2 - H0));
-  }
-
-  void WriteTime(double t) const {
-    if (event_ == Event::None) return;
-    const double hh = Int(t);
-    const double mm = Int((t - hh) * 60);
-    (event_ == Event::Rise ? texts_.riseTime : texts_.setTime) = Format(hh, "00") + ":" + Format(mm, "00");
   }
 
   void WriteAzimuth(double D1, double H7) const {
@@ -211,7 +196,7 @@ class DayWalk {
     if (az < 0) az += 360;
     if (az > 360) az -= 360;
     if (event_ == Event::None) return;
-    (event_ == Event::Rise ? texts_.riseAzimuth : texts_.setAzimuth) = Format(az, "000.0");
+    (event_ == Event::Rise ? events_.RiseAzimuth : events_.SetAzimuth) = az;
   }
 
   const double S_, C_, T0_, Z_;
@@ -219,7 +204,7 @@ class DayWalk {
   double V0_ = 0, V2_ = 0;     // height above the horizon at both ends of the hour
   Event event_ = Event::None;  // the last one seen in the day
   bool riseSeen_ = false, setSeen_ = false;
-  const EventTexts& texts_;
+  DayEvents& events_;
 };
 
 /// Value at p of a day between three values half a day apart.
@@ -229,18 +214,52 @@ double Between(double p, double F0, double F1, double F2) {
   return F0 + p * (2 * a + b * (2 * p - 1));
 }
 
+/// Hours and minutes; `hour` counts from 0h.
+std::string TimeText(std::optional<double> hour) {
+  if (!hour) return {};
+  const double t = *hour + 1.0 / 120;  // half a minute, for the rounding
+  const double hh = Int(t);
+  const double mm = Int((t - hh) * 60);
+  return Format(hh, "00") + ":" + Format(mm, "00");
+}
+
+std::string AzimuthText(std::optional<double> azimuth) {
+  return azimuth ? Format(*azimuth, "000.0") : std::string();
+}
+
+using EventsRoutine = void (&)(double, double, double, Date, DayEvents&);
+
+/// The events of a routine as text, also where it fails.
+void WriteTexts(EventsRoutine routine, double latitude, double longitude, double hours, Date date,
+                std::string& riseTime, std::string& setTime, std::string& riseAzimuth,
+                std::string& setAzimuth, std::string& note) {
+  DayEvents events;
+  const auto write = [&] {
+    riseTime = TimeText(events.RiseHour);
+    setTime = TimeText(events.SetHour);
+    riseAzimuth = AzimuthText(events.RiseAzimuth);
+    setAzimuth = AzimuthText(events.SetAzimuth);
+    note = events.NoteKey.empty() ? std::string() : LookupText("frmRiseSet", events.NoteKey);
+  };
+  try {
+    routine(latitude, longitude, hours, date, events);
+  } catch (const ArithmeticFailure&) {
+    write();
+    throw;
+  }
+  write();
+}
+
 }  // namespace
 
-void SunRiseSet(double latitude, double longitude, double hours, Date date, std::string& riseTime,
-                std::string& setTime, std::string& riseAzimuth, std::string& setAzimuth, std::string& note) {
-  const EventTexts texts{riseTime, setTime, riseAzimuth, setAzimuth, note};
-  texts.Clear();
+void SunEvents(double latitude, double longitude, double hours, Date date, DayEvents& events) {
+  events = {};
   const DayStart start = StartOfDay(longitude, hours, date);
   const Place first = SunPlace(start.T, start.tt);
   Place second = SunPlace(start.T + 1, start.tt);
   KeepRising(second.rightAscension, first.rightAscension);
 
-  DayWalk walk(latitude, start.T0, std::cos(90.833 * DR), first, texts);
+  DayWalk walk(latitude, start.T0, std::cos(90.833 * DR), first, events);
   for (int c = 0; c < 24; ++c) {
     const double p = (c + 1) / 24.0;
     walk.Hour(c, first.rightAscension + p * (second.rightAscension - first.rightAscension),
@@ -249,17 +268,15 @@ void SunRiseSet(double latitude, double longitude, double hours, Date date, std:
   walk.WriteNote();
 }
 
-void MoonRiseSet(double latitude, double longitude, double hours, Date date, std::string& riseTime,
-                 std::string& setTime, std::string& riseAzimuth, std::string& setAzimuth, std::string& note) {
-  const EventTexts texts{riseTime, setTime, riseAzimuth, setAzimuth, note};
-  texts.Clear();
+void MoonEvents(double latitude, double longitude, double hours, Date date, DayEvents& events) {
+  events = {};
   const DayStart start = StartOfDay(longitude, hours, date);
   std::array<Place, 3> places{MoonPlace(start.T), MoonPlace(start.T + 0.5), MoonPlace(start.T + 1)};
   KeepRising(places[1].rightAscension, places[0].rightAscension);
   KeepRising(places[2].rightAscension, places[1].rightAscension);
 
   const double zenith = std::cos(DR * (90.567 - Div(41.685, places[1].distance)));
-  DayWalk walk(latitude, start.T0, zenith, places[0], texts);
+  DayWalk walk(latitude, start.T0, zenith, places[0], events);
   for (int c = 0; c < 24; ++c) {
     const double p = (c + 1) / 24.0;
     double A2 = Between(p, places[0].rightAscension, places[1].rightAscension, places[2].rightAscension);
@@ -267,6 +284,16 @@ void MoonRiseSet(double latitude, double longitude, double hours, Date date, std
     walk.Hour(c, A2, Between(p, places[0].declination, places[1].declination, places[2].declination));
   }
   walk.WriteNote();
+}
+
+void SunRiseSet(double latitude, double longitude, double hours, Date date, std::string& riseTime,
+                std::string& setTime, std::string& riseAzimuth, std::string& setAzimuth, std::string& note) {
+  WriteTexts(SunEvents, latitude, longitude, hours, date, riseTime, setTime, riseAzimuth, setAzimuth, note);
+}
+
+void MoonRiseSet(double latitude, double longitude, double hours, Date date, std::string& riseTime,
+                 std::string& setTime, std::string& riseAzimuth, std::string& setAzimuth, std::string& note) {
+  WriteTexts(MoonEvents, latitude, longitude, hours, date, riseTime, setTime, riseAzimuth, setAzimuth, note);
 }
 
 }  // namespace halvorine

@@ -42,10 +42,10 @@ void DecimalToDms(double x, double& d, double& m, double& s) {
   if (s == 60) {
     s = 0;
     m += 1;
-    if (m == 60) {
-      m = 0;
-      d += 1;
-    }
+  }
+  if (m == 60) {  // also of itself, a hair below a whole degree
+    m = 0;
+    d += 1;
   }
 }
 

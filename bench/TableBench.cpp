@@ -61,6 +61,8 @@ double TableWithList(bool two) {
       window->Genera_elenco(ScratchSlot, CurrentDate, end, step, ObserverTable);
     QCoreApplication::processEvents();
   });
+  const int shown = Control<RowList>(dynamic_cast<QWidget*>(window), "List1")->RowCount();
+  if (shown < rowCount) throw RuntimeFailure("a table of " + std::to_string(shown) + " rows");
   UnloadAllForms({});
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   ResetForms();

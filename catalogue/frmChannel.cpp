@@ -10,6 +10,7 @@
 #include "astro/mConv.h"
 #include "catalogue/mElementFile.h"
 #include "controls/qtLook.h"
+#include "shell/base/mGlobal.h"
 #include "shell/base/qtForms.h"
 
 namespace halvorine {
@@ -44,17 +45,12 @@ class TwoColumns : public QStyledItemDelegate {
 
 }  // namespace
 
-frmChannel::frmChannel(int slot, int panelRow, QWidget* parent) : QDialog(parent), panelRow_(panelRow) {
-  setObjectName(QString::fromLatin1(section));
+frmChannel::frmChannel() : ModalForm(QString::fromLatin1(section)) {
   setWindowTitle(Text(section, "selezionecanale"));
-  const ElementSet& set = ElementSets[slot];
-  const int current = ChannelOfRow(panelRow);
   List1_ = Named(new QListWidget(), "List1");
   List1_->setFont(ColumnFont());
   List1_->setItemDelegate(new TwoColumns(List1_));
   List1_->setAccessibleName(windowTitle());
-  for (int channel = 1; channel <= channelCount; ++channel) List1_->addItem(ToQ(ChannelRow(set, channel)));
-  List1_->setCurrentRow(current >= 1 && current <= channelCount ? current - 1 : -1);
   auto* const heads = new QHBoxLayout();
   heads->setContentsMargins(listFrame, 0, listFrame, 0);
   heads->setSpacing(0);
@@ -73,6 +69,21 @@ frmChannel::frmChannel(int slot, int panelRow, QWidget* parent) : QDialog(parent
   rows->addLayout(MakeButtons());
   connect(List1_, &QListWidget::itemDoubleClicked, this, &frmChannel::cmdOK_Click);
   resize(280, 330);
+  Publish(this);
+}
+
+bool frmChannel::Choose(int slot, int panelRow) {
+  Fill(slot, panelRow);
+  return RunForm();
+}
+
+void frmChannel::Fill(int slot, int panelRow) {
+  const ElementSet& set = ElementSets[slot];
+  const int current = ChannelOfRow(panelRow);
+  panelRow_ = panelRow;
+  List1_->clear();
+  for (int channel = 1; channel <= channelCount; ++channel) List1_->addItem(ToQ(ChannelRow(set, channel)));
+  List1_->setCurrentRow(current >= 1 && current <= channelCount ? current - 1 : -1);
 }
 
 QLayout* frmChannel::MakeButtons() {

@@ -1,26 +1,31 @@
 // The choice of the radio channel for a row of the live panel: the ten channels of its satellite.
 #pragma once
 
-#include <QDialog>
 #include <QListWidget>
+
+#include "shell/base/qtForms.h"
 
 namespace halvorine {
 
-class frmChannel : public QDialog {
+class frmChannel : public ModalForm, public ChannelCalls {
   Q_OBJECT
  public:
-  /// `slot` is that of the active satellite; SubscriptFailure for one that does not exist. `panelRow` counts
-  /// from 0, as the rows of the panel do; SubscriptFailure outside 0 to 9.
-  frmChannel(int slot, int panelRow, QWidget* parent = nullptr);
+  frmChannel();
+  void Unload() override { UnloadForm(); }
+  void Show() override { RunForm(); }
+  bool Choose(int slot, int panelRow) override;
 
-  /// The channel of the panel's row, 1 to 10; after an accepted dialog the one that was chosen.
+  /// Lists the channels of a slot for a row of the panel, counted from 0; SubscriptFailure for a slot or a
+  /// row that does not exist.
+  void Fill(int slot, int panelRow);
+  /// The channel of the panel's row; after an accepted dialog the one that was chosen.
   int Channel() const;
 
  private:
   QLayout* MakeButtons();
   void cmdOK_Click();
 
-  int panelRow_;
+  int panelRow_ = 0;
   QListWidget* List1_;
 };
 

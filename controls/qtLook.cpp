@@ -5,6 +5,7 @@
 
 #include "controls/mNight.h"
 #include "controls/qtLookStyle.h"
+#include "controls/qtNightCaret.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/qtForms.h"
 
@@ -169,6 +170,7 @@ void ApplyNight(bool on) {
   // open windows are told by posted events; without these two the next picture would still be the old one
   QCoreApplication::sendPostedEvents(nullptr, QEvent::ApplicationPaletteChange);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::ApplicationFontChange);
+  if (auto* const caret = qApp->findChild<NightCaret*>()) caret->Follow();
 }
 
 void SwitchNightColours(bool on) {
@@ -179,6 +181,7 @@ void SwitchNightColours(bool on) {
 
 void ApplyLook(QApplication& application) {
   application.setStyle(new LookStyle());
+  new NightCaret(&application);
   ApplyNight(false);
 }
 

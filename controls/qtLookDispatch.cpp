@@ -8,6 +8,7 @@ bool LookStyle::DrawGround(ControlElement element, const QStyleOption* option, Q
   const QRect r = option->rect;
   switch (element) {
     case CE_SizeGrip:
+    case CE_Splitter:
       return true;
     case CE_HeaderEmptyArea: {
       QStyleOptionHeader header;

@@ -241,6 +241,7 @@ int LookStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const
     if (widget != nullptr && widget->inherits("QLineEdit")) return 3;
     return widget != nullptr && widget->inherits("QComboBoxPrivateContainer") ? 1 : 2;
   }
+  if (metric == PM_TextCursorWidth && IsNight(QApplication::palette())) return 0;  // see NightCaret
   const auto* const told = std::find_if(std::begin(metrics), std::end(metrics),
                                         [metric](const auto& row) { return row.first == metric; });
   return told != std::end(metrics) ? told->second : QProxyStyle::pixelMetric(metric, option, widget);

@@ -28,6 +28,17 @@ frmPreview::frmPreview(QWidget* parent, QPrinter& printer, const QString& title,
   view_->setAccessibleName(windowTitle());
   connect(view_, &QPrintPreviewWidget::paintRequested, this, [this](QPrinter* page) { paint_(*page); });
   connect(view_, &QPrintPreviewWidget::previewChanged, this, &frmPreview::ShowPage);
+  auto* const rows = new QVBoxLayout(this);
+  rows->setContentsMargins(12, 12, 12, 12);
+  rows->setSpacing(8);
+  rows->addLayout(MakeCommands());
+  rows->addWidget(view_, 1);
+  rows->addLayout(MakeLastRow());
+  resize(firstWidth, firstHeight);
+  view_->setFocus();
+}
+
+QLayout* frmPreview::MakeCommands() {
   lblPagina_ = Named(new QLabel(), "lblPagina");
   lblPagina_->setAlignment(Qt::AlignCenter);
   lblPagina_->setMinimumWidth(lblPagina_->fontMetrics().horizontalAdvance(QStringLiteral("000 / 000")) + 8);
@@ -43,6 +54,10 @@ frmPreview::frmPreview(QWidget* parent, QPrinter& printer, const QString& title,
       MakeButton("cmdIngrandisci", "b_add", "ingrandisci", &frmPreview::cmdIngrandisci_Click));
   commands->addWidget(MakeButton("cmdRiduci", "b_remove", "riduci", &frmPreview::cmdRiduci_Click));
   commands->addStretch();
+  return commands;
+}
+
+QLayout* frmPreview::MakeLastRow() {
   auto* const print = Named(new QPushButton(Text(section, "stampa")), "cmdStampa");
   auto* const close = Named(new QPushButton(Text("Buttons", "close")), "cmdClose");
   print->setDefault(true);
@@ -53,14 +68,7 @@ frmPreview::frmPreview(QWidget* parent, QPrinter& printer, const QString& title,
   last->addStretch();
   last->addWidget(print);
   last->addWidget(close);
-  auto* const rows = new QVBoxLayout(this);
-  rows->setContentsMargins(12, 12, 12, 12);
-  rows->setSpacing(8);
-  rows->addLayout(commands);
-  rows->addWidget(view_, 1);
-  rows->addLayout(last);
-  resize(firstWidth, firstHeight);
-  view_->setFocus();
+  return last;
 }
 
 QToolButton* frmPreview::MakeButton(const char* name, const char* icon, const char* key,

@@ -3,6 +3,7 @@
 
 #include <QDialog>
 #include <QLabel>
+#include <QLayout>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QToolButton>
@@ -18,6 +19,8 @@ class frmPreview : public QDialog {
   frmPreview(QWidget* parent, QPrinter& printer, const QString& title, std::function<bool(QPrinter&)> paint);
 
  private:
+  QLayout* MakeCommands();
+  QLayout* MakeLastRow();
   QToolButton* MakeButton(const char* name, const char* icon, const char* key, void (frmPreview::*clicked)());
   void ShowPage();
   void Turn(int pages);

@@ -20,7 +20,7 @@ namespace halvorine {
 namespace {
 
 constexpr double margin = 450, twipsPerInch = 1440;
-constexpr double rowPoints = 10, leastPoints = 6;
+constexpr int rowPoints = 10, leastPoints = 6;
 
 std::unique_ptr<QPrinter> printer;
 std::function<bool(QPrinter&)> printerAnswer;
@@ -90,8 +90,8 @@ QString Widest(const QStringList& rows) {
 RowPages::RowPages(QPrinter& printed, const QStringList& rows)
     : target(printed), font(RowFont()), edge(margin * printed.resolution() / twipsPerInch) {
   const QString widest = Widest(rows);
-  for (double points = rowPoints; points >= leastPoints; points -= 0.5) {
-    font.setPointSizeF(points);
+  for (int halves = 2 * rowPoints; halves >= 2 * leastPoints; --halves) {
+    font.setPointSizeF(halves / 2.0);
     const QFontMetricsF metrics(font, &target);
     lineHeight = metrics.lineSpacing();
     ascent = metrics.ascent();
@@ -106,6 +106,7 @@ RowPages::RowPages(QPrinter& printed, const QStringList& rows)
 }  // namespace
 
 bool PrintRows(QPrinter& target, const QStringList& rows) {
+  const WaitPointerHold pointer;
   target.setFullPage(true);
   QPainter painter;
   if (!painter.begin(&target)) return false;

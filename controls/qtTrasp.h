@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QImage>
-#include <QPainter>
 #include <QWidget>
 #include <cstdint>
 
@@ -12,11 +11,9 @@ namespace halvorine {
 /// desktop cannot show it, there is nothing to see of it.
 bool ImpostaOpacita(QWidget& window, int opacity);
 
-/// A picture whose pixels of the key colour are clear. To be made before the picture is scaled, so that no
-/// mixture with the key is left at the edges.
-QImage WithoutKeyColour(const QImage& picture, std::int32_t key);
-
-/// Copies a picture into a rectangle of the destination and leaves out its pixels of the key colour.
-void CopiaTrasparente(QPainter& destination, const QImage& source, const QRect& rect, std::int32_t key);
+/// A copy of a picture whose pixels of a key colour (blue*65536 + green*256 + red) are clear, so that it
+/// leaves them out where it is painted. To be made before the picture is scaled, or a mixture with the key is
+/// left at the edges.
+QImage CopiaTrasparente(const QImage& source, std::int32_t key);
 
 }  // namespace halvorine

@@ -5,7 +5,9 @@
 
 #include "controls/mNight.h"
 #include "controls/qtIcons.h"
+#include "controls/qtTrasp.h"
 #include "maps/qtSurface.h"
+#include "shell/base/qtForms.h"
 
 namespace halvorine {
 
@@ -41,12 +43,7 @@ QtPicture QtPicture::Keyed(const QString& path, QRgb key) {
   QtPicture picture = Photograph(path);
   if (picture.image_.isNull()) return picture;
   picture.keyed_ = true;
-  // transparent before any scaling, so that nothing of the key is mixed into the edges
-  picture.image_ = std::move(picture.image_).convertToFormat(QImage::Format_ARGB32);
-  for (int y = 0; y < picture.image_.height(); ++y) {
-    QRgb* const row = reinterpret_cast<QRgb*>(picture.image_.scanLine(y));
-    std::replace(row, row + picture.image_.width(), key | 0xFF000000U, QRgb{0});
-  }
+  picture.image_ = CopiaTrasparente(picture.image_, NumberOf(QColor(key)));
   picture.image_ = std::move(picture.image_).convertToFormat(QImage::Format_ARGB32_Premultiplied);
   return picture;
 }

@@ -81,7 +81,11 @@ void OsculatingOrbit(const ElementSet& set, SatelliteState& state, StateScratchR
   Attempt([&] { k.p = Finite(Dot(k.H, k.H) / muEarth); });
   Attempt([&] { state.Speed = Finite(std::sqrt(v2)); });
   Attempt([&] { state.GeocentricRadius = Finite(radius); });
-  Attempt([&] { state.Height = GeodeticHeight(state.GeocentricRadius, ArcSin(Div(r[2], Finite(radius)))); });
+  Attempt([&] {
+    k.latitude = ArcSin(Div(r[2], Finite(radius)));
+    k.latitudeKnown = true;
+    state.Height = GeodeticHeight(state.GeocentricRadius, k.latitude);
+  });
   // (1/mu)*((|v|^2 - mu/|r|)*r - (r . v)*v)
   Attempt([&] {
     const double radial = Finite(v2) - Div(muEarth, Finite(radius));

@@ -334,9 +334,10 @@ std::string frmDetails::ShownAsCsv() const {
   }
   std::vector<std::string> lines;
   for (int row = -1; row < ShownCount(); ++row) {
-    std::vector<std::string> cells;
+    std::vector<std::string> cells(SummaryColumnCount);
     for (int column = 0; column < SummaryColumnCount; ++column)
-      cells.emplace_back(Trimmed(row < 0 ? FromQ(Heading(column)) : summary_->Table().Cell(row, column)));
+      cells[static_cast<std::size_t>(column)] =
+          Trimmed(row < 0 ? FromQ(Heading(column)) : summary_->Table().Cell(row, column));
     lines.push_back(CsvLine(cells));
   }
   return TextFile(lines);

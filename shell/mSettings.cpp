@@ -9,7 +9,6 @@
 #include "shell/base/mGlobal.h"
 #include "shell/base/mLang.h"
 #include "shell/base/mReg.h"
-#include "sky/mSkyChecks.h"
 
 namespace halvorine {
 
@@ -274,14 +273,8 @@ void ApplyOptions(bool terminator) {
     map->Applica_opzioni();
     main->SetChecked("mnuWorldmapTerminatore", terminator);
   }
-  if (auto* const sky = Loaded<LocalSkyCalls>("frmLocalSky")) {
-    SetLocalSkyChecks(*main, Options.Local);
-    sky->Applica_opzioni();
-  }
-  if (auto* const sky = Loaded<GeneralSkyCalls>("frmGeneralSky")) {
-    SetGeneralSkyChecks(*main, Options.General);
-    sky->Applica_opzioni();
-  }
+  if (auto* const sky = Loaded<LocalSkyCalls>("frmLocalSky")) sky->Applica_opzioni();
+  if (auto* const sky = Loaded<GeneralSkyCalls>("frmGeneralSky")) sky->Applica_opzioni();
   // the commands flip their check and the bar together
   if (main->IsChecked("mnuVisualizzaBarraPulsanti") != (Options.Toolbar != 0))
     main->RunCommand("mnuVisualizzaBarraPulsanti");

@@ -3,6 +3,10 @@
 #include <clocale>
 #include <exception>
 
+#include "astro/frmObject.h"
+#include "astro/frmPlanets.h"
+#include "astro/frmRiseSet.h"
+#include "catalogue/frmChannel.h"
 #include "catalogue/frmDatabase.h"
 #include "controls/frmFloating.h"
 #include "controls/frmProgress.h"
@@ -13,6 +17,8 @@
 #include "prediction/frmCalc.h"
 #include "prediction/frmDetails.h"
 #include "prediction/frmRelative.h"
+#include "prediction/frmSatellite.h"
+#include "prediction/frmTrack.h"
 #include "shell/base/mPlatform.h"
 #include "shell/base/qtForms.h"
 #include "shell/frmCalendar.h"
@@ -22,6 +28,7 @@
 #include "shell/mStart.h"
 #include "sky/frmGeneralSky.h"
 #include "sky/frmLocalSky.h"
+#include "sky/frmMagnitude.h"
 #include "sky/frmSkySat.h"
 
 namespace halvorine {
@@ -62,6 +69,13 @@ void RegisterWindows() {
   MakeLoadable<frmDownload>("frmDownload");
   MakeLoadable<frmSyncro>("frmSyncro");
   MakeLoadable<frmLocalSky>("frmLocalSky");
+  MakeLoadable<frmChannel>("frmChannel");
+  MakeLoadable<frmMagnitude>("frmMagnitude");
+  MakeLoadable<frmObject>("frmObject");
+  MakeLoadable<frmPlanets>("frmPlanets");
+  MakeLoadable<frmRiseSet>("frmRiseSet");
+  MakeLoadable<frmSatellite>("frmSatellite");
+  MakeLoadable<frmTrack>("frmTrack");
 }
 
 }  // namespace halvorine

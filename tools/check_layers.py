@@ -12,7 +12,7 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 ROOMS = ["shell", "astro", "orbit", "catalogue", "prediction", "maps", "sky", "net", "controls"]
 KERNEL = {"astro/mMate", "astro/mConv"}
 SIDE_BY_SIDE = {"prediction", "maps", "sky", "net"}
-# the drawing target is made for every chart
+# the drawing target is made for everything that is drawn, so that it stands on the ground
 SHARED_DRAWING = {"maps/DrawSurface", "maps/qtSurface"}
 FLOORS = {"astro": 1, "orbit": 2, "catalogue": 3, "prediction": 4, "maps": 4, "sky": 4, "net": 4}
 ROOF = 5
@@ -22,7 +22,7 @@ INCLUDE = re.compile(r'^\s*#include\s+([<"])([^>"]+)[>"]')
 
 def floor(path):
     stem = str(path.with_suffix(""))
-    if stem in KERNEL or stem.startswith("shell/base/"):
+    if stem in KERNEL or stem in SHARED_DRAWING or stem.startswith("shell/base/"):
         return 0
     if path.parts[0] == "controls":
         return ROOF if path.stem == "frmFloating" else 0

@@ -61,14 +61,16 @@ def sky(folder):
 
 
 def rise_set(folder):
-    """Latitude, longitude, hours, date, body, four texts, key of the note, hour and azimuth before rounding."""
+    """Body, latitude, longitude, hours, date, four texts, key of the note; hour (before the half minute) and
+    azimuth of rise and of set before rounding, to be met within 1e-8 hours and 1e-7 degrees."""
     lines = []
     for case in json.loads((folder / "riseset.json").read_text())["cases"]:
         place = [case["latitude"], case["longitude"], case["hours"]] + case["date"]
         for body in ["sun", "moon"]:
             result = case[body]
             keys = ["riseTime", "setTime", "riseAzimuth", "setAzimuth", "note"]
-            lines.append(line(body, place, [result[key] for key in keys]))
+            raw = [value for event in ["rise", "set"] for value in result["raw"].get(event, ["", ""])]
+            lines.append(line(body, place, [result[key] for key in keys], raw))
     return lines
 
 

@@ -3,19 +3,25 @@
 //   tour FOLDER [LANGUAGE]
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QLabel>
+#include <QPixmap>
+#include <QTabWidget>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTextStream>
+#include <QTimer>
 #include <fstream>
 #include <functional>
 #include <iostream>
 #include <set>
 #include <vector>
 
+#include "astro/mAstro.h"
 #include "astro/mConv.h"
 #include "catalogue/frmChannel.h"
 #include "catalogue/frmFile.h"
@@ -23,6 +29,7 @@
 #include "catalogue/qtDatabaseList.h"
 #include "controls/qtPreview.h"
 #include "controls/qtPrint.h"
+#include "orbit/mSat.h"
 #include "shell/MDIForm1.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mReg.h"
@@ -65,6 +72,8 @@ class TourPlatform : public QtPlatform {
  private:
   std::string settings_;
 };
+
+constexpr double minutesToAPass = 56;
 
 struct Stop {
   QString name;
@@ -136,6 +145,35 @@ QWidget* Download(MDIForm1& window, const QByteArray& answer, bool closes) {
 void GoTo(Date utc) {
   tourClock = AddSeconds(utc, 0);
   tmrCentrale_Timer();
+}
+
+/// The picture of a modal window, which `show` opens and waits for, in a label of its own.
+QWidget* WhileOpen(MDIForm1& window, const char* name, const std::function<void()>& show) {
+  QPixmap picture;
+  QTimer look;
+  QObject::connect(&look, &QTimer::timeout, [&] {
+    auto* const form = window.findChild<QDialog*>(QString::fromLatin1(name));
+    if (form == nullptr || !form->isVisible()) return;
+    look.stop();
+    Settle();
+    picture = form->grab();
+    form->close();
+  });
+  look.start(1);
+  show();
+  auto* const shown = new QLabel();
+  shown->setAttribute(Qt::WA_DeleteOnClose);
+  shown->setPixmap(picture);
+  shown->resize(picture.deviceIndependentSize().toSize());
+  return shown;
+}
+
+/// Moves the satellites of the live panel to where they stand some minutes later.
+void ShowLater(double minutes) {
+  UpdateSiderealTime(AddSeconds(CurrentDate, minutes * 60));
+  for (int slot = 1; slot <= ActiveCount; ++slot) ComputeSatelliteState(slot, ClockFields.JulianDayNow);
+  if (auto* const panel = Loaded<RefreshCalls>("frmTrack")) panel->Aggiorna_dati();
+  UpdateSiderealTime(CurrentDate);
 }
 
 std::vector<Stop> Stops(MDIForm1& window) {
@@ -212,7 +250,12 @@ std::vector<Stop> Stops(MDIForm1& window) {
          return dialog(new frmPreview(&window, ThePrinter(), child("frmDetails")->windowTitle(),
                                       [rows](QPrinter& printer) { return PrintRows(printer, rows); }));
        }},
-      {"frmChannel", "The radio channels of a satellite", [=] { return dialog(new frmChannel(1, 0)); }},
+      {"frmChannel", "The radio channels of a satellite",
+       [=] {
+         auto* const channel = new frmChannel();
+         channel->Fill(1, 0);
+         return dialog(channel);
+       }},
       {"frmTime", "The clocks, and a simulation that waits for its start",
        [=, &window] {
          window.RunCommand("mnuOpzioniData");
@@ -228,6 +271,42 @@ std::vector<Stop> Stops(MDIForm1& window) {
          window.RunCommand("mnuStrumentiCalendario");
          Settle();
          return child("frmCalendar");
+       }},
+      {"frmTrack", "Ten satellites a page, every second: here as they are seen from the place",
+       [=, &window] {
+         window.RunCommand("mnuEffemeridiSatelliti");
+         ShowLater(minutesToAPass);
+         Settle();
+         return child("frmTrack");
+       }},
+      {"frmTrack-Radio", "Their radio channels with the Doppler shift of this second",
+       [=, &window] {
+         Control<QTabWidget>(window.findChild<QWidget*>(QStringLiteral("frmTrack")), "SSTab1")
+             ->setCurrentIndex(3);
+         Settle();
+         return child("frmTrack");
+       }},
+      {"frmSatellite", "Everything about one element set",
+       [=, &window] { return WhileOpen(window, "frmSatellite", [] { ShowSatellite(1); }); }},
+      {"frmPlanets", "Planets, Sun and Moon, every second",
+       [=, &window] {
+         window.RunCommand("mnuEffemeridiPianeti");
+         Settle();
+         return child("frmPlanets");
+       }},
+      {"frmRiseSet", "Rise and set of Sun and Moon, and the Moon's phase",
+       [=, &window] {
+         window.RunCommand("mnuEffemeridiAlmanacco");
+         // six days on, so that the Moon has a phase to show
+         for (int day = 0; day < 6; ++day) Control<QAbstractButton>(&window, "cmdGiornoDopo")->click();
+         Settle();
+         return child("frmRiseSet");
+       }},
+      {"frmObject", "A planet that was clicked in the sky",
+       [=, &window] {
+         return WhileOpen(window, "frmObject", [] {
+           if (auto* const object = Load<ObjectCalls>("frmObject")) object->ShowObject(Saturn);
+         });
        }},
       {"frmLocation", "The observer's place, found by typing a part of its name",
        [=, &window] {
@@ -274,7 +353,8 @@ std::vector<Stop> Stops(MDIForm1& window) {
       {"frmWorldMap-Ortho", "The globe, turned to the principal satellite",
        [&window] {
          if (FormCalls* const progress = LoadedForm("frmProgress")) progress->Unload();
-         for (const char* const name : {"frmDatabase", "frmFile1", "frmDetails", "frmCalendar", "frmTime"})
+         for (const char* const name : {"frmDatabase", "frmFile1", "frmDetails", "frmCalendar", "frmTime",
+                                        "frmTrack", "frmPlanets", "frmRiseSet"})
            if (FormCalls* const form = LoadedForm(name)) form->Unload();
          return OpenMap(window, "mnuTerraMappaOrtografica", QSize(711, 490));
        }},

@@ -85,6 +85,7 @@ void UnloadAllForms(std::string_view except) {
 void ResetForms() {
   forms.clear();
   makers.clear();
+  AskingPassChart.clear();
 }
 
 MainFormCalls* MainForm() { return Loaded<MainFormCalls>("MDIForm1"); }

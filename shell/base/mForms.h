@@ -74,8 +74,7 @@ class LocalSkyCalls : public FormCalls {
   virtual void ResetModeButton() = 0;
   virtual void ShowTexts(const LiveTexts& texts) = 0;
   virtual void Azzera_dati() = 0;
-  /// Takes over the options of the chart, whose menu checks have been set: what the window keeps itself (the
-  /// star count), the data box, then a rebuild.
+  /// Takes over the options of the chart: menu checks, star count, data box, then a rebuild.
   virtual void Applica_opzioni() { Genera_mappa(); }
 };
 

@@ -1,6 +1,8 @@
 #include "shell/base/mHelp.h"
 
+#include <filesystem>
 #include <string>
+#include <system_error>
 
 #include "shell/base/mFiles.h"
 #include "shell/base/mLang.h"
@@ -10,7 +12,9 @@ namespace halvorine {
 
 void OpenHelpFile(int topic) {
   const std::string file = FindProgramFile(LookupText("Help", "file"));
-  if (file.empty() || !ThePlatform().OpenHelp(file, topic))
+  std::error_code failed;
+  const bool hasContent = !file.empty() && std::filesystem::file_size(file, failed) > 0 && !failed;
+  if (!hasContent || !ThePlatform().OpenHelp(file, topic))
     Tell(MessageKind::Information, LookupText("MDIForm1", "nofilehelp"));
 }
 

@@ -72,13 +72,23 @@ double SiteNumber(const char* key, const char* defaultValue, bool (*fits)(double
 bool IsByte(double x) { return std::nearbyint(x) >= 0 && std::nearbyint(x) <= 255; }
 bool IsSingle(double x) { return std::fabs(x) < 3.4e38; }
 
+/// The zone alone is read by the lenient parser: "1,5" gives 1. No place is more than a day ahead or behind.
+double StoredZone() {
+  constexpr double largestZone = 24;  // hours
+  const char* const defaultValue = "1";
+  const std::string text = Stored("Osservatore", "Fuso", defaultValue);
+  const double zone = ParseNumber(text);
+  if (std::fabs(zone) <= largestZone) return zone;
+  AskForDefault({"Osservatore", "Fuso", defaultValue, nullptr}, text);
+  return ParseNumber(defaultValue);
+}
+
 void LoadSite() {
   Site.Place = Stored("Osservatore", "Localita", "Italy: Milano");
   Site.Latitude = ToSingle(SiteNumber("Latitudine", "45470", IsSingle)) / 1000.0F;
   Site.Longitude = ToSingle(SiteNumber("Longitudine", "9190", IsSingle)) / 1000.0F;
   Site.Height = ToSingle(SiteNumber("Quota", "133", IsSingle));
-  // the zone alone is read by the lenient parser: "1,5" gives 1
-  Site.TimeZone = ToSingle(ParseNumber(Stored("Osservatore", "Fuso", "1")));
+  Site.TimeZone = ToSingle(StoredZone());
   Site.DaylightSaving = static_cast<std::uint8_t>(ToInt16(SiteNumber("Ora legale", "0", IsByte)));
 }
 

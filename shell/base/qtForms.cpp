@@ -2,8 +2,11 @@
 
 #include <QCloseEvent>
 #include <QPointer>
+#include <string>
 
+#include "shell/base/mFailure.h"
 #include "shell/base/mLang.h"
+#include "shell/base/mPlatform.h"
 
 namespace halvorine {
 
@@ -76,12 +79,18 @@ void ChildForm::HideForm() { Frame()->hide(); }
 void ChildForm::UnloadForm() {
   if (unloading_) return;
   unloading_ = true;
-  BeforeUnload();
+  std::string fault;
+  try {
+    BeforeUnload();
+  } catch (const RuntimeFailure& failure) {
+    fault = failure.what();  // a place that cannot be kept must not keep the window
+  }
   UnregisterForm(FromQ(objectName()));
   Frame()->hide();
   if (frame_ != nullptr && WorkArea() != nullptr) WorkArea()->removeSubWindow(frame_);
   // the call may come from one of the window's own handlers, so that the deletion waits for the event loop
   Frame()->deleteLater();
+  if (!fault.empty()) Tell(MessageKind::Warning, LookupText("Dialogs", "nonsalvato") + "\n" + fault);
 }
 
 void ChildForm::Publish(FormCalls* calls) { RegisterForm(FromQ(objectName()), calls); }
@@ -93,6 +102,35 @@ void ChildForm::SetFirstSize(int width, int height) {
   }
   const QSize border = frame_->size() - frame_->contentsRect().size();
   frame_->resize(width + border.width(), height + border.height());
+}
+
+ModalForm::ModalForm(const QString& name) : QDialog(WorkArea() != nullptr ? WorkArea()->window() : nullptr) {
+  setObjectName(name);
+}
+
+ModalForm::~ModalForm() {
+  if (calls_ != nullptr && LoadedForm(FromQ(objectName())) == calls_) UnregisterForm(FromQ(objectName()));
+}
+
+void ModalForm::Publish(FormCalls* calls) {
+  calls_ = calls;
+  RegisterForm(FromQ(objectName()), calls);
+}
+
+bool ModalForm::RunForm() {
+  if (isVisible()) return false;
+  const QPointer<ModalForm> self(this);
+  const bool accepted = exec() == QDialog::Accepted;
+  if (self != nullptr) UnloadForm();
+  return accepted;
+}
+
+void ModalForm::UnloadForm() {
+  if (calls_ == nullptr) return;
+  if (LoadedForm(FromQ(objectName())) == calls_) UnregisterForm(FromQ(objectName()));
+  calls_ = nullptr;
+  hide();
+  deleteLater();
 }
 
 void ChildForm::closeEvent(QCloseEvent* event) {

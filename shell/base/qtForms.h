@@ -91,6 +91,26 @@ class ChildForm : public QWidget {
   bool unloading_ = false;
 };
 
+/// Base of the modal windows, which stand over the main window. Made hidden; unloaded when the user has
+/// closed it.
+class ModalForm : public QDialog {
+  Q_OBJECT
+ public:
+  explicit ModalForm(const QString& name);
+  ~ModalForm() override;
+
+ protected:
+  void Publish(FormCalls* calls);
+  /// Shows the window, waits until it is closed and unloads it; true where the user accepted. Nothing happens
+  /// while it stands open already. The window may be gone afterwards.
+  bool RunForm();
+  /// Ends it for real; a waiting RunForm comes back.
+  void UnloadForm();
+
+ private:
+  FormCalls* calls_ = nullptr;
+};
+
 /// Makes a window class loadable under its name; `Window` registers itself by Publish in its constructor.
 template <class Window>
 void MakeLoadable(const char* name) {

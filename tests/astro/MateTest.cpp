@@ -68,6 +68,9 @@ TEST_F(Mate, SplitsDecimalsAroundTheFloorAndCarries) {
   EXPECT_EQ(d, -1);
   EXPECT_EQ(m, 30);
   EXPECT_EQ(s, 0);
+  DecimalToDms(-1e-20, d, m, s);
+  EXPECT_EQ(d, 0);
+  EXPECT_EQ(m, 0);
 }
 
 TEST_F(Mate, ClipsInSinglePrecisionToTheBit) {

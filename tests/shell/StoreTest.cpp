@@ -155,9 +155,13 @@ TEST_F(StoreTest, AnUnreadableValueIsAskedAboutAndTheStoreIsLeftAlone) {
   LanguageFile = "English.ini";
   const struct {
     const char *section, *key, *value;
-  } rows[] = {{"Osservatore", "Quota", "high"},         {"Osservatore", "Ora legale", "300"},
-              {"Generali", "Formato ora", "40000"},     {"Filtri", "Altezza min tutti", "1e999"},
-              {"Colori", "Satellite", "9999999999999"}, {"Satelliti", "Soglia", ""}};
+  } rows[] = {{"Osservatore", "Quota", "high"},
+              {"Osservatore", "Ora legale", "300"},
+              {"Generali", "Formato ora", "40000"},
+              {"Filtri", "Altezza min tutti", "1e999"},
+              {"Colori", "Satellite", "9999999999999"},
+              {"Satelliti", "Soglia", ""},
+              {"Osservatore", "Fuso", "1e9"}};
   for (const auto& row : rows) {
     SaveRegistryString("Halvorine", row.section, row.key, row.value);
     platform_.messages.clear();

@@ -167,7 +167,7 @@ TEST_F(PassCharts, LayersComeInTheirOrder) {
   EXPECT_EQ(surface.ScaleHeight(), -200);
   const int star = First(Kind::Point, Rgb(220, 220, 220)), track = First(Kind::Line, Rgb(255, 0, 0));
   const int dot = First(Kind::Ellipse, Rgb(255, 0, 0), track), mark = First(Kind::Line, White);
-  ASSERT_TRUE(star > 0 && track > star && dot > 0 && mark > dot);
+  ASSERT_TRUE(star > 0 && track > star && dot > track && mark > dot);
   EXPECT_EQ(surface.Lines(Rgb(255, 0, 0)).size(), view.Sky.Track.Points.size());
   const std::vector<Primitive> pictures_ = surface.Of(Kind::Picture);
   ASSERT_EQ(pictures_.size(), 2U);

@@ -370,7 +370,8 @@ TEST_F(FileTest, ActiveWindowIsPrintedToAFileAndACancelPrintsNothing) {
 TEST_F(FileTest, ChannelIsChosenByKeysAndByADoubleClick) {
   ElementSets[3].Downlink[4] = "437.55";
   Options.RadioChannel[2] = 5;
-  frmChannel dialog(3, 2);
+  frmChannel dialog;
+  dialog.Fill(3, 2);
   dialog.show();
   auto* const list = Control<QListWidget>(&dialog, "List1");
   ASSERT_EQ(list->count(), 10);
@@ -380,7 +381,8 @@ TEST_F(FileTest, ChannelIsChosenByKeysAndByADoubleClick) {
   QTest::keyClick(list, Qt::Key_Up);
   QTest::mouseClick(Control<QPushButton>(&dialog, "cmdCancel"), Qt::LeftButton);
   EXPECT_EQ(Options.RadioChannel[2], 5);
-  frmChannel again(3, 2);
+  frmChannel again;
+  again.Fill(3, 2);
   again.show();
   auto* const rows = Control<QListWidget>(&again, "List1");
   const QPoint second = rows->visualItemRect(rows->item(1)).center();
@@ -390,12 +392,13 @@ TEST_F(FileTest, ChannelIsChosenByKeysAndByADoubleClick) {
   EXPECT_EQ(again.Channel(), 2);
   EXPECT_EQ(Options.RadioChannel[2], 2);
   Options.RadioChannel[0] = 77;
-  frmChannel strange(1, 0);
+  frmChannel strange;
+  strange.Fill(1, 0);
   strange.show();
   QTest::mouseClick(Control<QPushButton>(&strange, "cmdOK"), Qt::LeftButton);
   EXPECT_EQ(strange.Channel(), 77) << "without a choice nothing changes";
-  EXPECT_THROW(frmChannel(1, 10), SubscriptFailure);
-  EXPECT_THROW(frmChannel(0, 0), SubscriptFailure);
+  EXPECT_THROW(strange.Fill(1, 10), SubscriptFailure);
+  EXPECT_THROW(strange.Fill(0, 0), SubscriptFailure);
 }
 
 TEST_F(FileTest, NothingIsCutInAnyLanguage) {
@@ -413,7 +416,8 @@ TEST_F(FileTest, NothingIsCutInAnyLanguage) {
     for (int column = 0; column < header->count(); ++column)
       EXPECT_GE(header->sectionSize(column), header->sectionSizeHint(column)) << language << " " << column;
     SavePicture(Newest<frmDetails>()->Frame(), QStringLiteral("details-") + ToQ(language));
-    frmChannel dialog(1, 0);
+    frmChannel dialog;
+    dialog.Fill(1, 0);
     dialog.show();
     for (const QLabel* const label : dialog.findChildren<QLabel*>())
       EXPECT_GE(label->width(), label->sizeHint().width()) << language;

@@ -26,6 +26,7 @@
 #include "shell/qtApplication.h"
 #include "tests/fakes/FakePlatform.h"
 #include "tests/fakes/ProgramFolder.h"
+#include "tests/fakes/TextWidths.h"
 
 namespace halvorine {
 namespace {
@@ -168,16 +169,25 @@ TEST_F(FirstQuarterTest, EveryCommandDoesWhatItSaysOrIsDisabled) {
   const std::string sample = ProgramFolder::Read(folder_.Path("elements/sample.txt"));
   folder_.Write("Halvorine.ini", sample.substr(0, sample.find("HST")));
   Start();
-  const std::map<std::string, std::string> opens = {
-      {"mnuTerraMappaRettangolare", "frmWorldMap"}, {"mnuTerraMappaOrtografica", "frmWorldMap"},
-      {"mnuCieloMappaLocale", "frmLocalSky"},       {"mnuSatellitiDatabase", "frmDatabase"},
-      {"mnuSatellitiCalcoloEffemeridi", "frmCalc"}, {"mnuSatellitiMotoRelativo", "frmRelative"},
-      {"mnuStrumentiCalendario", "frmCalendar"},    {"mnuOpzioniData", "frmTime"},
-      {"mnuOpzioniLocalita", "frmLocation"},        {"mnuStrumentiDownload", "frmDownload"},
-      {"mnuStrumentiSincronizzazione", "frmSyncro"}};
+  const std::map<std::string, std::string> opens = {{"mnuTerraMappaRettangolare", "frmWorldMap"},
+                                                    {"mnuTerraMappaOrtografica", "frmWorldMap"},
+                                                    {"mnuCieloMappaLocale", "frmLocalSky"},
+                                                    {"mnuCieloMappaGenerale", "frmGeneralSky"},
+                                                    {"mnuSatellitiDatabase", "frmDatabase"},
+                                                    {"mnuSatellitiCalcoloEffemeridi", "frmCalc"},
+                                                    {"mnuSatellitiMotoRelativo", "frmRelative"},
+                                                    {"mnuStrumentiCalendario", "frmCalendar"},
+                                                    {"mnuOpzioniData", "frmTime"},
+                                                    {"mnuOpzioniLocalita", "frmLocation"},
+                                                    {"mnuStrumentiDownload", "frmDownload"},
+                                                    {"mnuStrumentiSincronizzazione", "frmSyncro"},
+                                                    {"mnuEffemeridiSatelliti", "frmTrack"},
+                                                    {"mnuEffemeridiPianeti", "frmPlanets"},
+                                                    {"mnuEffemeridiAlmanacco", "frmRiseSet"}};
   // these ask with a window of their own that waits, or end the program; other tests drive them
-  const QStringList waiting{"mnuOpzioniLingua", "mnuAiutoInformazioni", "mnuFileEsci",
-                            "mnuFileImpostaStampante", "mnuFileStampa"};
+  const QStringList waiting{"mnuOpzioniLingua", "mnuAiutoInformazioni",
+                            "mnuFileEsci",      "mnuFileImpostaStampante",
+                            "mnuFileStampa",    "mnuSatellitiElementiOrbitali"};
   int enabled = 0;
   QStringList disabled;
   for (QAction* const action : window_->findChildren<QAction*>()) {

@@ -1,7 +1,10 @@
 // Night colours over the whole program, and the floating panel.
 #include <QApplication>
+#include <QComboBox>
 #include <QDialog>
+#include <QFileDialog>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTabWidget>
@@ -11,6 +14,7 @@
 #include "controls/mNight.h"
 #include "controls/qtDataBox.h"
 #include "controls/qtLook.h"
+#include "controls/qtNightCaret.h"
 #include "controls/qtTrasp.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mLang.h"
@@ -76,6 +80,41 @@ TEST_F(NightTest, EveryWindowIsRedAndBlackWhetherItIsOpenOrOpenedLater) {
     ExpectRed(window_.get());
   }
   CancelRequested = false;
+}
+
+TEST_F(NightTest, FieldsWithACursorAndTheToolkitsFileDialogAreRedToo) {
+  Start();
+  Night();
+  QFileDialog dialog;  // its name has the keyboard
+  dialog.setObjectName(QStringLiteral("QFileDialog"));
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setDirectory(ToQ(folder_.Path("")));
+  QPlainTextEdit text(QStringLiteral("1 25544U"));
+  text.setObjectName(QStringLiteral("text"));
+  QComboBox combo;
+  combo.setObjectName(QStringLiteral("combo"));
+  combo.setEditable(true);
+  QWidget* const shown[] = {&dialog, &text, &combo};
+  for (QWidget* const window : shown) {
+    window->show();
+    window->activateWindow();
+    if (window != &dialog) window->setFocus();
+    QTest::qWait(50);
+    ASSERT_NE(QApplication::focusWidget(), nullptr);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("ab"));
+    auto* const caret = qApp->findChild<NightCaret*>();
+    caret->Follow();
+    ExpectRed(window);
+    const auto* const mark = QApplication::focusWidget()->findChild<QWidget*>(QStringLiteral("NightCaret"));
+    ASSERT_NE(mark, nullptr);
+    EXPECT_TRUE(mark->isVisible() && mark->parentWidget()->rect().contains(mark->geometry()));
+    EXPECT_GT(mark->x(), 10) << "behind what was typed";
+  }
+  Night();
+  text.activateWindow();
+  QTest::qWait(20);
+  EXPECT_EQ(text.findChild<QWidget*>(QStringLiteral("NightCaret")), nullptr);
+  EXPECT_EQ(text.cursorWidth(), 1);
 }
 
 TEST_F(NightTest, FiftySwitchesLeaveEverythingAsItWas) {
@@ -177,16 +216,12 @@ TEST_F(NightTest, TheFloatingPanelFollowsItsCommandItsBarAndTheTick) {
 }
 
 TEST(KeyedCopy, LeavesOutTheKeyAndNothingElse) {
-  QImage ground(4, 2, QImage::Format_RGB32), source(2, 1, QImage::Format_RGB32);
-  ground.fill(QColor(10, 20, 30));
-  source.setPixelColor(0, 0, QColor(0, 255, 0));
-  source.setPixelColor(1, 0, QColor(1, 255, 0));
-  QPainter painter(&ground);
-  CopiaTrasparente(painter, source, QRect(1, 1, 2, 1), 0x00FF00);
-  painter.end();
-  EXPECT_EQ(ground.pixelColor(1, 1), QColor(10, 20, 30));
-  EXPECT_EQ(ground.pixelColor(2, 1), QColor(1, 255, 0));
-  EXPECT_EQ(ground.pixelColor(2, 0), QColor(10, 20, 30));
+  QImage source(2, 1, QImage::Format_RGB32);
+  source.setPixelColor(0, 0, QColor(10, 255, 30));
+  source.setPixelColor(1, 0, QColor(11, 255, 30));
+  const QImage copy = CopiaTrasparente(source, 30 * 65536 + 255 * 256 + 10);
+  EXPECT_EQ(copy.pixelColor(0, 0).alpha(), 0);
+  EXPECT_EQ(copy.pixelColor(1, 0), QColor(11, 255, 30));
 }
 
 }  // namespace

@@ -14,10 +14,13 @@
 #include <limits>
 #include <set>
 
-#include "LookSampler.h"
+#include "controls/AnalogClock.h"
+#include "controls/GraphButton.h"
+#include "controls/ProgressBar.h"
 #include "controls/RangeTool.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mLang.h"
+#include "shell/base/mLongOperation.h"
 #include "shell/base/mStore.h"
 #include "shell/mSettings.h"
 #include "shell/mTick.h"
@@ -272,13 +275,9 @@ TEST_F(SettingsTest, OpenWindowsTakeTheOptionsOver) {
   Click("cmdOK");
   for (const char* const off :
        {"mnuWorldmapGriglia", "mnuWorldmapSole", "mnuWorldmapOmbra", "mnuWorldmapTracciatoOrbita",
-        "mnuLocalSkyOggettiPianeti", "mnuLocalSkyProiezStereo", "mnuLocalSkyCoordOrizz",
-        "mnuLocalSkyPaesaggio", "mnuLocalSkyOrientamentoSud", "mnuVisualizzaBarraPulsanti",
-        "mnuVisualizzaBarraStato"})
+        "mnuVisualizzaBarraPulsanti", "mnuVisualizzaBarraStato"})
     EXPECT_FALSE(Item(off)->isChecked()) << off;
-  for (const char* const on : {"mnuWorldmapCoordinateMouse", "mnuWorldmapTerminatore", "mnuLocalSkyGriglia",
-                               "mnuLocalSkyProiezNormale", "mnuLocalSkyCoordEquat",
-                               "mnuLocalSkyOrientamentoEst", "mnuLocalSkyEtichetteSoleLuna"})
+  for (const char* const on : {"mnuWorldmapCoordinateMouse", "mnuWorldmapTerminatore"})
     EXPECT_TRUE(Item(on)->isChecked()) << on;
   EXPECT_EQ(Form("fraSatellitePrincipale")->width(), 0) << "the map's data box";
   EXPECT_EQ(log, CallLog{"frmLocalSky.Genera_mappa"});
@@ -286,6 +285,55 @@ TEST_F(SettingsTest, OpenWindowsTakeTheOptionsOver) {
   EXPECT_FALSE(window_->statusBar()->isVisible());
   tmrCentrale_Timer();
   EXPECT_EQ(Panel(1), QStringLiteral("165.50000000@2022 Greenwich"));
+}
+
+/// With everything on that a chart can show, each of its options alone changes the picture, and back.
+TEST_F(SettingsTest, EveryOptionOfAMapOrChartIsSeenAtOnce) {
+  Start(3);
+  for (SkyOptions* const chart : {&Options.Local, &Options.General})
+    chart->Grid = chart->ConstellationLines = chart->ConstellationNames = chart->SunMoonNames = -1;
+  const ProgramOptions before = Options;
+  const struct {
+    const char *command, *form;
+    std::set<int> tabs;
+    std::set<std::string> others, unseen;
+  } windows[] = {
+      {"mnuTerraMappaRettangolare",
+       "frmWorldMap",
+       {2},
+       {"GrigliaMappamondo", "NomeCitta", "Satellite", "Orbita1", "Orbita2"},
+       {"chkWorldMapDatiSatellite", "chkWorldMapCoordinateMouse"}},
+      {"mnuCieloMappaLocale",
+       "frmLocalSky",
+       {3, 4},
+       {"CostellazioniLinee", "CostellazioniNomi", "GrigliaLocale1"},
+       {"cmbLocalSkyCoordinate"}},
+      {"mnuCieloMappaGenerale", "frmGeneralSky", {5}, {"CostellazioniLinee", "GrigliaGenerale"}, {}},
+  };
+  for (const auto& [command, name, tabs, colours, unseen] : windows) {
+    if (!CanLoadForm(name)) continue;
+    Item(command)->trigger();
+    QWidget* const window = Form(name);
+    const auto picture = [window] {
+      QCoreApplication::processEvents();
+      return window->grab().toImage();
+    };
+    const QImage base = picture();
+    for (const OptionCase& option : OptionCases()) {
+      const bool colour =
+          (option.tab == 10 || option.tab == 11) && colours.contains(option.control.substr(13));
+      if ((!tabs.contains(option.tab) && !colour) || unseen.contains(option.control)) continue;
+      Open();
+      GoTo(option);
+      Act(option);
+      Click("cmdOK");
+      EXPECT_NE(picture(), base) << name << " " << option.control;
+      Options = before;
+      ApplyOptions(true);
+      EXPECT_EQ(picture(), base) << name << " " << option.control;
+    }
+    LoadedForm(name)->Unload();
+  }
 }
 
 TEST_F(SettingsTest, TheTerminatorMirrorsTheMenuAndTakesTheNightSideWithIt) {
@@ -380,6 +428,13 @@ TEST_F(SettingsTest, RowsAreEditedMovedRemovedAndRestored) {
   EXPECT_EQ(list->Model().rowCount(), 10) << "an empty row can be filled again";
   Click("cmdServerRipristina");
   Click("cmdServerElimina");
+  list->SetRows(std::vector<std::string>(10000, "time.example.org"));
+  list->setCurrentIndex(list->Model().index(9999));
+  Click("cmdServerSu");
+  Click("cmdServerElimina");
+  EXPECT_EQ(list->Rows(20000)[9998], "time.example.org");
+  EXPECT_EQ(list->Rows(20000)[9999], "");
+  Click("cmdServerRipristina");
   Open("mnuOpzioniDownload");
   for (int i = 0; i < 40; ++i) {
     ClickRow(RowsOf("lvwDownload"), 0);
@@ -446,6 +501,22 @@ TEST_F(SettingsTest, AStoreThatCannotBeWrittenIsToldAndTheDialogStays) {
       << "a lost file is whole";
 }
 
+TEST_F(SettingsTest, LongWorkKeepsTheOptionsThatItBeganWith) {
+  Start();
+  const ProgramOptions before = Options;
+  Open();
+  Click("chkConfermaUscita");
+  {
+    const LongOperation work;
+    Click("cmdOK");
+    Item("mnuFileRipristinaImpostazioni")->trigger();
+  }
+  EXPECT_EQ(platform_.messages.size(), 2U);
+  EXPECT_EQ(Options, before);
+  Click("cmdOK");
+  EXPECT_EQ(Options.ConfirmExit, -1) << "nothing of what was chosen is lost";
+}
+
 TEST_F(SettingsTest, TheKeyboardReachesEveryControl) {
   Start();
   Open();
@@ -490,30 +561,43 @@ TEST_F(SettingsTest, TheKeyboardReachesEveryControl) {
   EXPECT_EQ(Options.ConfirmExit, -1);
 }
 
-TEST_F(SettingsTest, NoPageCutsATextInAnyLanguage) {
-  Start();
-  for (const std::string& language : InstalledLanguages()) {
-    ChooseLanguage(language);
-    Open();
-    for (int tab = 0; tab < Tabs()->count(); ++tab) {
-      Tabs()->setCurrentIndex(tab);
-      QCoreApplication::processEvents();
-      Grabbed(form_, QStringLiteral("frmSettings-%1-%2").arg(ToQ(language)).arg(tab));
-      EXPECT_LE(form_->parentWidget()->width(), 700) << language;
-      for (const QWidget* const part : form_->findChildren<QWidget*>()) {
-        const auto* const label = qobject_cast<const QLabel*>(part);
-        const bool text = label != nullptr || qobject_cast<const QAbstractButton*>(part) != nullptr ||
-                          qobject_cast<const QComboBox*>(part) != nullptr;
-        if (!text || !part->isVisible()) continue;
-        const bool wraps = label != nullptr && label->wordWrap();
-        EXPECT_GE(part->width(), wraps ? 0 : part->sizeHint().width())
-            << language << " " << FromQ(part->objectName());
-        EXPECT_GE(part->height(), wraps ? label->heightForWidth(part->width()) : part->sizeHint().height())
-            << language << " " << FromQ(part->objectName());
-      }
-    }
-    Click("cmdCancel");
+TEST(ControlProperties, HaveTheirNamesAndFirstValues) {
+  const struct {
+    QObject* control;
+    const char* name;
+    QVariant first;
+  } rows[] = {
+      {new GraphButton(), "PicturePosition", 1},
+      {new GraphButton(), "PictureWidth", 16},
+      {new GraphButton(), "PictureHeight", 16},
+      {new GraphButton(), "PictureSize", 0},
+      {new GraphButton(), "Enabled", true},
+      {new GraphButton(), "MousePointer", 0},
+      {new GraphButton(), "Caption", QString()},
+      {new ProgressBar(), "Enabled", true},
+      {new ProgressBar(), "Value", 0.0},
+      {new ProgressBar(), "MousePointer", 0},
+      {new RangeTool(), "Min", 0.0},
+      {new RangeTool(), "Max", 100.0},
+      {new RangeTool(), "LowerValue", 25.0},
+      {new RangeTool(), "UpperValue", 75.0},
+      {new RangeTool(), "LowerVisible", true},
+      {new RangeTool(), "UpperVisible", true},
+      {new RangeTool(), "LowerLocked", false},
+      {new RangeTool(), "UpperLocked", false},
+      {new RangeTool(), "BorderStyle", 4},
+      {new AnalogClock(), "Value", 0.0},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(row.control->property(row.name), row.first) << row.name;
+    EXPECT_TRUE(row.control->setProperty(row.name, row.first)) << row.name;
+    delete row.control;
   }
+  GraphButton button;
+  button.setProperty("ForeColor", QColor(1, 2, 3));
+  button.setProperty("MousePointer", 11);
+  EXPECT_EQ(button.ForeColor(), QColor(1, 2, 3));
+  EXPECT_EQ(button.cursor().shape(), Qt::WaitCursor);
 }
 
 // The range tool by itself: 214 pixels wide, so that a pixel of its way is half a unit of 0 to 100.

@@ -340,6 +340,13 @@ TEST_F(WorldMapTest, PlaceIsKeptWhenTheOptionIsOn) {
   EXPECT_FALSE(IsFormLoaded("frmWorldMap"));
   EXPECT_EQ(LoadWindowPlace("Mappamondo").Width, 9600);
   EXPECT_EQ(LoadWindowPlace("Mappamondo").Left, 150);
+  Open("Recta").Frame()->setGeometry(0, 0, 600, 400);
+  platform.refuseWriting = true;
+  form->UnloadForm();
+  form = nullptr;
+  EXPECT_FALSE(IsFormLoaded("frmWorldMap")) << "a place that cannot be kept is told and ends nothing";
+  EXPECT_EQ(platform.messages.size(), 1U);
+  EXPECT_EQ(LoadWindowPlace("Mappamondo").Width, 9600);
 }
 
 TEST_F(WorldMapTest, EmptyListAndTinyWindowAreNoTrouble) {
