@@ -13,7 +13,6 @@
 #include "shell/base/mLang.h"
 #include "shell/base/mPlatform.h"
 #include "shell/base/mReg.h"
-#include "sky/mSkyChecks.h"
 #include "sky/mStars.h"
 #include "sky/qtPage.h"
 
@@ -28,7 +27,7 @@ constexpr int transitOff = 16, transitOn = 17;            // pictures of the too
 const std::string section = "frmLocalSky";
 const std::string settingsSection = "Cielo locale";
 
-/// A check mark of the popup and the switch of the chart that it stands for.
+/// A check mark of the popup and the option that it follows when the window is loaded.
 struct SkyCheck {
   std::string_view item;
   std::int16_t SkyOptions::*option;
@@ -81,7 +80,11 @@ bool CheckIfMember(const std::array<std::string_view, N>& group, std::string_vie
 }
 
 void SetChecksFromOptions() {
-  if (MainFormCalls* const main = MainForm()) SetLocalSkyChecks(*main, Options.Local);
+  const SkyOptions& options = Options.Local;
+  for (const SkyCheck& check : skyChecks) SetOn(check.item, options.*check.option != 0);
+  CheckOne(orientations, static_cast<std::size_t>(ProjectionOf(options).Orientation));
+  CheckOne(projections, options.Stereographic != 0 ? 1 : 0);
+  CheckOne(coordinates, options.Altazimuth != 0 ? 1 : 0);
 }
 
 }  // namespace
