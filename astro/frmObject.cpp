@@ -75,7 +75,7 @@ frmObject::frmObject() : ModalForm(QString::fromLatin1(section)) {
 
 void frmObject::ShowObject(int index) {
   Fill(index == 0 ? StarTexts(PickedStar) : BodyTexts(index));
-  RunForm();
+  ShowForm();
 }
 
 void frmObject::Fill(const ObjectTexts& texts) {

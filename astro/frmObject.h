@@ -14,7 +14,7 @@ class frmObject : public ModalForm, public ObjectCalls {
  public:
   frmObject();
   void Unload() override { UnloadForm(); }
-  void Show() override { RunForm(); }
+  void Show() override { ShowObject(0); }
   void ShowObject(int index) override;
 
  private:

@@ -33,7 +33,7 @@ class FillHold {
 void DrawMoon(DrawSurface& surface, double x, double y, double radius, double phaseAngle) {
   const FillHold hold(surface);
   const double phase = ModFloor(phaseAngle, 360);
-  const bool rightIsLit = phase <= 180;
+  const bool rightIsLit = phase < 180;
   const auto fill = [&surface](Colour colour) { return surface.FillColor = colour; };
   surface.FillStyle = FillKind::Solid;
   surface.Circle(x, y, radius, fill(moonGrey));
@@ -42,10 +42,8 @@ void DrawMoon(DrawSurface& surface, double x, double y, double radius, double ph
   // half of the terminator's ellipse lies over the lit side or over the dark one; at the quarters there is
   // none
   const double cosine = std::cos(phase * DegToRad);
-  Attempt([&] {
-    const double aspect = Div(1, std::fabs(cosine));
-    surface.Circle(x, y, radius, fill(cosine > 0 ? Black : White), aspect);
-  });
+  if (phase != 90 && phase != 270 && cosine != 0)
+    surface.Circle(x, y, radius, fill(cosine > 0 ? Black : White), 1 / std::fabs(cosine));
   // a rim, so that the dark side is seen on a black sky
   surface.FillStyle = FillKind::Transparent;
   surface.Circle(x, y, radius, moonGrey);

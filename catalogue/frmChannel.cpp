@@ -72,9 +72,9 @@ frmChannel::frmChannel() : ModalForm(QString::fromLatin1(section)) {
   Publish(this);
 }
 
-bool frmChannel::Choose(int slot, int panelRow) {
+void frmChannel::Choose(int slot, int panelRow) {
   Fill(slot, panelRow);
-  return RunForm();
+  ShowForm();
 }
 
 void frmChannel::Fill(int slot, int panelRow) {
@@ -104,8 +104,8 @@ int frmChannel::Channel() const { return ChannelOfRow(panelRow_); }
 
 void frmChannel::cmdOK_Click() {
   if (List1_->currentRow() >= 0) ChannelOfRow(panelRow_) = ToInt16(List1_->currentRow() + 1);
+  if (auto* const panel = Loaded<TrackCalls>("frmTrack")) panel->SetChannel(panelRow_);
   accept();
-  if (auto* const panel = Loaded<RefreshCalls>("frmTrack")) panel->Aggiorna_dati();
 }
 
 }  // namespace halvorine

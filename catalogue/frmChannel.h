@@ -12,8 +12,8 @@ class frmChannel : public ModalForm, public ChannelCalls {
  public:
   frmChannel();
   void Unload() override { UnloadForm(); }
-  void Show() override { RunForm(); }
-  bool Choose(int slot, int panelRow) override;
+  void Show() override { Choose(1, 0); }
+  void Choose(int slot, int panelRow) override;
 
   /// Lists the channels of a slot for a row of the panel, counted from 0; SubscriptFailure for a slot or a
   /// row that does not exist.

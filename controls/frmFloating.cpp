@@ -35,6 +35,20 @@ frmFloating::frmFloating() : QWidget(MainWindow(), Qt::Tool) {
   setWindowIcon(Icon("panel"));
   fraSatellitePrincipale_ = Named(new DataBox(section), "fraSatellitePrincipale");
   fraSatellitePrincipale_->setAccessibleName(Text(section, "satelliteprincipale"));
+  auto* const rows = new QVBoxLayout(this);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(6);
+  rows->setSizeConstraint(QLayout::SetFixedSize);
+  rows->addWidget(fraSatellitePrincipale_);
+  rows->addLayout(MakeOpacity());
+  connect(hscrTrasparenza_, &QScrollBar::valueChanged, this, &frmFloating::hscrTrasparenza_Change);
+  hscrTrasparenza_->setValue(firstOpacity);
+  for (QLabel* const label : fraSatellitePrincipale_->findChildren<QLabel*>())
+    label->installEventFilter(this);
+  RegisterForm(section, this);
+}
+
+QLayout* frmFloating::MakeOpacity() {
   auto* const caption = Named(new QLabel(Text(section, "opacita")), "lblTrasparenza");
   caption->setForegroundRole(MutedRole);
   hscrTrasparenza_ = Named(new QScrollBar(Qt::Horizontal), "hscrTrasparenza");
@@ -51,17 +65,7 @@ frmFloating::frmFloating() : QWidget(MainWindow(), Qt::Tool) {
   last->addWidget(caption, 0, 0);
   last->addWidget(lblOpacity_, 0, 1);
   last->addWidget(hscrTrasparenza_, 1, 0, 1, 2);
-  auto* const rows = new QVBoxLayout(this);
-  rows->setContentsMargins(0, 0, 0, 0);
-  rows->setSpacing(6);
-  rows->setSizeConstraint(QLayout::SetFixedSize);
-  rows->addWidget(fraSatellitePrincipale_);
-  rows->addLayout(last);
-  connect(hscrTrasparenza_, &QScrollBar::valueChanged, this, &frmFloating::hscrTrasparenza_Change);
-  hscrTrasparenza_->setValue(firstOpacity);
-  for (QLabel* const label : fraSatellitePrincipale_->findChildren<QLabel*>())
-    label->installEventFilter(this);
-  RegisterForm(section, this);
+  return last;
 }
 
 frmFloating::~frmFloating() {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QLayout>
 #include <QScrollBar>
 #include <QWidget>
 
@@ -29,6 +30,7 @@ class frmFloating : public QWidget, public FloatingCalls {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  QLayout* MakeOpacity();
   void hscrTrasparenza_Change(int opacity);
   /// At the first showing: the upper right corner of the main window's work area.
   void Place();
@@ -36,7 +38,7 @@ class frmFloating : public QWidget, public FloatingCalls {
   void ShowLastTick();
 
   DataBox* fraSatellitePrincipale_;
-  QScrollBar* hscrTrasparenza_;
+  QScrollBar* hscrTrasparenza_ = nullptr;
   QLabel* lblOpacity_ = nullptr;
   bool placed_ = false, unloaded_ = false;
 };

@@ -2,6 +2,7 @@
 
 #include <QAccessibleValueInterface>
 #include <QAccessibleWidget>
+#include <QWidget>
 
 namespace halvorine {
 

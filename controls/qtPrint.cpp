@@ -151,16 +151,10 @@ bool IsWhole(const QPrinter& target) {
          file.readAll().contains("%%EOF");
 }
 
-/// A page on its side for rows that are too wide for an upright one, while it lives.
+/// Puts the way the paper lies back as it was.
 class Orientation {
  public:
-  Orientation(QPrinter& target, const QStringList& rows)
-      : target_(target), before_(target.pageLayout().orientation()) {
-    target_.setFullPage(true);
-    const QFontMetricsF metrics(RowFont(), &target_);
-    const double room = target_.width() - 2 * margin * target_.resolution() / twipsPerInch;
-    if (metrics.horizontalAdvance(Widest(rows)) > room) target_.setPageOrientation(QPageLayout::Landscape);
-  }
+  explicit Orientation(QPrinter& target) : target_(target), before_(target.pageLayout().orientation()) {}
   ~Orientation() { target_.setPageOrientation(before_); }
   Orientation(const Orientation&) = delete;
   Orientation& operator=(const Orientation&) = delete;
@@ -169,6 +163,22 @@ class Orientation {
   QPrinter& target_;
   QPageLayout::Orientation before_;
 };
+
+/// Turns the paper on its side for rows that are too wide for it.
+void TurnFor(QPrinter& target, const QStringList& rows) {
+  target.setFullPage(true);
+  const QFontMetricsF metrics(RowFont(), &target);
+  const double room = target.width() - 2 * margin * target.resolution() / twipsPerInch;
+  if (metrics.horizontalAdvance(Widest(rows)) > room) target.setPageOrientation(QPageLayout::Landscape);
+}
+
+void Preview(QWidget* parent, const QString& title, const std::function<bool(QPrinter&)>& paint) {
+  if (printerAnswer && !answerWithPreview) {
+    PrintAsked(ThePrinter(), parent, paint);
+    return;
+  }
+  frmPreview(parent, ThePrinter(), title, paint).exec();
+}
 
 }  // namespace
 
@@ -183,14 +193,15 @@ bool PrintAsked(QPrinter& target, QWidget* parent, const std::function<bool(QPri
 }
 
 void PreviewRows(QWidget* parent, const QStringList& rows, const QString& title) {
-  QPrinter& target = ThePrinter();
-  const Orientation orientation(target, rows);
-  const auto paint = [&rows](QPrinter& printed) { return PrintRows(printed, rows); };
-  if (printerAnswer && !answerWithPreview) {
-    PrintAsked(target, parent, paint);
-    return;
-  }
-  frmPreview(parent, target, title, paint).exec();
+  const Orientation orientation(ThePrinter());
+  TurnFor(ThePrinter(), rows);
+  Preview(parent, title, [&rows](QPrinter& printed) { return PrintRows(printed, rows); });
+}
+
+void PreviewPages(QWidget* parent, const QString& title, const std::function<bool(QPrinter&)>& paint) {
+  const Orientation orientation(ThePrinter());
+  ThePrinter().setPageOrientation(QPageLayout::Portrait);
+  Preview(parent, title, paint);
 }
 
 }  // namespace halvorine

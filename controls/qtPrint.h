@@ -31,6 +31,9 @@ bool PrintRows(QPrinter& printer, const QStringList& rows);
 /// that an upright page is too narrow for turn it on its side. A printer or a file that refuses is told.
 void PreviewRows(QWidget* parent, const QStringList& rows, const QString& title);
 
+/// Likewise upright pages that `paint` draws on a printer; it gives false where the printer refuses.
+void PreviewPages(QWidget* parent, const QString& title, const std::function<bool(QPrinter&)>& paint);
+
 /// Asks where to print and does so; `paint` draws the pages. False where the user cancels or the printer
 /// refuses; the latter is told.
 bool PrintAsked(QPrinter& printer, QWidget* parent, const std::function<bool(QPrinter&)>& paint);

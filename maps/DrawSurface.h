@@ -75,7 +75,7 @@ class DrawSurface {
   double DrawWidth = 1;  // pixels
   DrawFont Font;
   double CurrentX = 0, CurrentY = 0;  // the pen, user units
-  std::optional<Colour> TextHalo;     // a soft rim of one pixel around texts; screens only
+  std::optional<Colour> TextHalo;     // a rim around texts, where the device can
   double MinimumRadius = 0;           // pixels; smaller circles are drawn so large, on screens only
 
   /// User coordinates of the top left and the bottom right corner. ArithmeticFailure for an empty range.

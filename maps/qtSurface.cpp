@@ -78,6 +78,7 @@ void PixmapSurface::ClosePainter() const { painter_.reset(); }
 
 void PixmapSurface::Resize(QSize size, double pixelRatio) {
   ClosePainter();
+  lastDisc_.reset();
   size_ = size;
   ratio_ = pixelRatio;
   extents_.clear();
@@ -111,6 +112,7 @@ DeviceSize PixmapSurface::DeviceExtent() const { return {size_.width() * twips, 
 
 void PixmapSurface::DeviceClear(DrawLayer layer, Colour background) {
   ClosePainter();
+  lastDisc_.reset();
   if (layer == DrawLayer::Persistent) {
     if (!persistent_.isNull()) persistent_.fill(ToQColor(background));
     return;
@@ -156,7 +158,7 @@ void PixmapSurface::DeviceEllipse(const DeviceRound& round, const DrawStroke& st
   // a filled small disc in its own edge colour needs no edge, which would make it a pixel wider
   const bool disc = fill && *fill == stroke.Ink;
   if (disc && lastDisc_ && lastDisc_->centre == centre && lastDisc_->colour == *fill && rx <= lastDisc_->rx &&
-      ry <= lastDisc_->ry)
+      ry <= lastDisc_->ry && lastDisc_->layer == Layer())
     return;
   if (std::max(rx, ry) > hugeRadius) return DrawHugeEllipse(centre, rx, ry, stroke, fill);
   QPainter& painter = OpenPainter(true);
@@ -165,7 +167,7 @@ void PixmapSurface::DeviceEllipse(const DeviceRound& round, const DrawStroke& st
   painter.drawEllipse(centre, rx, ry);
   const double room = stroke.Width + 1;
   Touched(QRectF(centre.x() - rx, centre.y() - ry, 2 * rx, 2 * ry).adjusted(-room, -room, room, room));
-  if (disc) lastDisc_ = PlainDisc{centre, rx, ry, *fill};
+  if (disc) lastDisc_ = PlainDisc{centre, rx, ry, *fill, Layer()};
 }
 
 // The toolkit's ellipses are curves of a fixed number of pieces, which a zoomed chart shows to be no

@@ -141,6 +141,7 @@ class PixmapSurface : public DrawSurface {
     QPointF centre;
     double rx = 0, ry = 0;
     Colour colour = Black;
+    DrawLayer layer = DrawLayer::Persistent;
   };
   std::optional<PlainDisc> lastDisc_;
 };

@@ -149,7 +149,7 @@ void frmSatellite::ShowSlot(int slot) {
   slot_ = slot == 0 ? 1 : slot;
   for (const Step& step : steps) Control<GraphButton>(this, step.name)->setEnabled(slot_ != ScratchSlot);
   Fill();
-  RunForm();
+  ShowForm();
 }
 
 void frmSatellite::Move(TrackMove move) {

@@ -3,7 +3,6 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPointer>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <string_view>
@@ -22,7 +21,7 @@ namespace {
 
 constexpr const char* section = "frmTrack";
 constexpr int helpTopic = 110;
-constexpr int rowHeight = 28, buttonHeight = 24, nameWidth = 190, cellEdge = 6,
+constexpr int rowHeight = 32, nameWidth = 190, cellEdge = 6,
               wordIndent = 16;  // logical pixels
 
 /// A column of a page: its labels, its heading in the language file, and the longest text that it may show.
@@ -199,7 +198,6 @@ QWidget* frmTrack::MakeRadioCell(int row) {
   button->setProperty("Tag", channel);
   button->SetCaption(QStringLiteral("Ch. %1").arg(channel));
   button->setAccessibleName(Text(section, "canale"));
-  button->setFixedHeight(buttonHeight);
   QSizePolicy keepsItsRoom = button->sizePolicy();
   keepsItsRoom.setRetainSizeWhenHidden(true);
   button->setSizePolicy(keepsItsRoom);
@@ -305,13 +303,13 @@ void frmTrack::Move(TrackMove move) {
 }
 
 void frmTrack::cmdCanale_Click(int row) {
-  auto* const dialog = Load<ChannelCalls>("frmChannel");
-  if (dialog == nullptr) return;
-  const QPointer<frmTrack> self(this);  // the program may end while the dialog stands
-  if (!dialog->Choose(firstSlot_ + row, row) || self == nullptr) return;
-  const auto at = static_cast<std::size_t>(row);
-  const int channel = Options.RadioChannel[at];
-  cmdCanale_[at]->setProperty("Tag", channel);
+  if (auto* const dialog = Load<ChannelCalls>("frmChannel")) dialog->Choose(firstSlot_ + row, row);
+}
+
+void frmTrack::SetChannel(int panelRow) {
+  const auto at = static_cast<std::size_t>(panelRow);
+  const int channel = Options.RadioChannel.at(at);
+  cmdCanale_.at(at)->setProperty("Tag", channel);
   cmdCanale_[at]->SetCaption(QStringLiteral("Ch.%1").arg(channel));
   Aggiorna_dati();
 }

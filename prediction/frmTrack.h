@@ -15,13 +15,14 @@
 
 namespace halvorine {
 
-class frmTrack : public ChildForm, public RefreshCalls {
+class frmTrack : public ChildForm, public TrackCalls {
   Q_OBJECT
  public:
   frmTrack();
   void Unload() override { UnloadForm(); }
   void Show() override;
   void Aggiorna_dati() override;
+  void SetChannel(int panelRow) override;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;

@@ -61,7 +61,7 @@ std::vector<std::string> CsvHeadings() {
   for (const char* const key : {"inizio", "culmine", "fine"}) {
     const std::string event = LookupText("frmSkySat", key);
     cells.push_back(event);
-    for (const std::string& value : values) cells.push_back(event + " " + value);
+    for (const std::string& value : values) cells.push_back(std::string(event).append(" ").append(value));
   }
   return cells;
 }

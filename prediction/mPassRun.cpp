@@ -61,18 +61,24 @@ std::string FirstTask(int tab) {
   return tab == AllSatellites ? std::string() : LookupText(section, keys.at(static_cast<std::size_t>(tab)));
 }
 
+/// Puts all states back at its end: the map draws the active satellites from them, also while the clock
+/// stands.
+class StatesHold {
+ public:
+  StatesHold() : states_(SatelliteStates) {}
+  ~StatesHold() { SatelliteStates = states_; }
+  StatesHold(const StatesHold&) = delete;
+  StatesHold& operator=(const StatesHold&) = delete;
+
+ private:
+  Slots<SatelliteState, SlotCount> states_;
+};
+
 void SearchSlots(PassEngine& engine, const PassRequest& request) {
+  const StatesHold hold;
   int limit = 1;
   if (request.tab == SecondarySatellites) limit = std::min<int>(request.limit, ActiveCount);
-  // the map draws the active satellites from their states, also while the clock stands
-  const Slots<SatelliteState, SlotCount> states = SatelliteStates;
-  try {
-    engine.RunSlots(request.tab, limit);
-  } catch (const RuntimeFailure&) {
-    SatelliteStates = states;
-    throw;
-  }
-  SatelliteStates = states;
+  engine.RunSlots(request.tab, limit);
 }
 
 }  // namespace

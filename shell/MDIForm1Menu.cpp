@@ -118,12 +118,11 @@ void AddSkyRows(std::vector<Row>& rows, const std::vector<const char*>& checks, 
 /// The window that several can stand open of; its popup belongs to the one that opened it last.
 const char* const passChart = "frmSkySat";
 
-/// Passes the items of a popup from a row on to its window; printing has its own way.
+/// Passes the items of a popup from a row on to its window.
 void PassOn(std::vector<Row>& rows, std::size_t first, const char* form) {
   for (std::size_t i = first; i < rows.size(); ++i) {
     const std::string_view name(rows[i].name);
-    const bool prints = name.size() > 6 && name.substr(name.size() - 6) == "Stampa";
-    if (!rows[i].submenu && name != "-" && !prints) rows[i].popupOf = form;
+    if (!rows[i].submenu && name != "-") rows[i].popupOf = form;
   }
 }
 

@@ -60,8 +60,8 @@ void RegisterWindows() {
   MakeLoadable<frmCalendar>("frmCalendar");
   MakeLoadable<frmDatabase>("frmDatabase");
   MakeLoadable<frmDetails>("frmDetails");
-  MakeLoadable<frmVisibleSatellites>("frmVisibleSatellites");
   MakeLoadable<frmGeneralSky>("frmGeneralSky");
+  MakeLoadable<frmVisibleSatellites>("frmVisibleSatellites");
   MakeLoadable<frmLocation>("frmLocation");
   MakeLoadable<frmProgress>("frmProgress");
   MakeLoadable<frmSkySat>("frmSkySat");

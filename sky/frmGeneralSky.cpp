@@ -14,6 +14,7 @@
 #include "shell/base/mPlatform.h"
 #include "shell/base/mReg.h"
 #include "sky/mStars.h"
+#include "sky/qtPage.h"
 
 namespace halvorine {
 
@@ -154,9 +155,17 @@ void frmGeneralSky::TakeBox(const GeneralSkyBox& box) {
   Genera_mappa();
 }
 
+void frmGeneralSky::Stampa() {
+  PrintChart(this, [this] {
+    Genera_mappa();  // the chart, its date and the table are of one moment
+    return GeneralSkyPage(view_);
+  });
+}
+
 void frmGeneralSky::MenuCommand(std::string_view item) {
   if (item == zoomItem) return;  // the mouse reads this check
   if (item == "mnuGeneralSkyChiudi") return UnloadForm();
+  if (item == "mnuGeneralSkyStampa") return Stampa();
   if (item == "mnuGeneralSkyRipristina") return Ripristina();
   if (item == "mnuGeneralSkyMagnitudine") {
     if (auto* const magnitude = Load<MagnitudeCalls>("frmMagnitude")) magnitude->ShowFor("generale");

@@ -18,7 +18,11 @@ namespace halvorine {
 class PixmapSurface;
 class SurfaceWidget;
 
-class frmGeneralSky : public ChildForm, public GeneralSkyCalls, public PopupCalls, public StarCountCalls {
+class frmGeneralSky : public ChildForm,
+                      public GeneralSkyCalls,
+                      public PopupCalls,
+                      public StarCountCalls,
+                      public PrintCalls {
   Q_OBJECT
  public:
   frmGeneralSky();
@@ -28,6 +32,7 @@ class frmGeneralSky : public ChildForm, public GeneralSkyCalls, public PopupCall
   void Genera_mappa() override;
   void Applica_opzioni() override;
   void MenuCommand(std::string_view item) override;
+  void Stampa() override;
   int StarCount() const override { return view_.StarCount; }
   void SetStarCount(int count) override;
 

@@ -8,11 +8,13 @@
 #include "controls/qtDataBox.h"
 #include "controls/qtIcons.h"
 #include "maps/qtSurface.h"
+#include "orbit/mSatTexts.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mLang.h"
 #include "shell/base/mPlatform.h"
 #include "shell/base/mReg.h"
 #include "sky/mStars.h"
+#include "sky/qtPage.h"
 
 namespace halvorine {
 
@@ -136,6 +138,8 @@ void frmLocalSky::PlaceWindow() {
 
 void frmLocalSky::Show() {
   PlaceWindow();
+  if (ActiveCount > 0 && SatelliteStates[1].Condition != 0)
+    ShowTexts(BuildLiveTexts(SatelliteStates[1], ElementSets[1], Options.RadioChannel[0]));
   ShowForm();
 }
 
@@ -221,14 +225,22 @@ void frmLocalSky::SetStarCount(int count) {
   Genera_mappa();
 }
 
+void frmLocalSky::Stampa() {
+  PrintChart(this, [this] {
+    Genera_mappa();  // the chart, its date and the table are of one moment
+    return LocalSkyPage(view_);
+  });
+}
+
 void frmLocalSky::MenuCommand(std::string_view item) {
   if (item == "mnuLocalSkyChiudi") return Unload();
+  if (item == "mnuLocalSkyStampa") return Stampa();
   if (item == "mnuLocalSkySoloPrincipale") return;  // the tick reads it
   if (item == "mnuLocalSkyMagnitudine") {
     if (auto* const window = Load<MagnitudeCalls>("frmMagnitude")) window->ShowFor("locale");
     return;
   }
-  if (item == zoomItem) return EndZoom();
+  if (item == zoomItem) return ZoomSwitched();
   if (item == transitItem) return SwitchTransit();
   if (item == "mnuLocalSkyRipristina") view_.Zoomed = false;
   if (!CheckIfMember(orientations, item) && !CheckIfMember(projections, item))
@@ -236,7 +248,7 @@ void frmLocalSky::MenuCommand(std::string_view item) {
   Genera_mappa();
 }
 
-void frmLocalSky::EndZoom() {
+void frmLocalSky::ZoomSwitched() {
   press_.reset();
   picture1_->HideOverlay();
   picture1_->setCursor(IsOn(zoomItem) ? Qt::CrossCursor : Qt::ArrowCursor);
@@ -289,36 +301,37 @@ void frmLocalSky::Picture1_MouseMove(double x, double y) {
   setWindowTitle(readout.isEmpty() ? title_ : title_ + QStringLiteral(" -  ") + readout);
 }
 
-bool frmLocalSky::IsDrag(double x, double y) const {
+bool frmLocalSky::IsDrag(const Press& press, double x, double y) const {
   const PixmapSurface& surface = picture1_->Surface();
-  const double across = (x - press_->x) / surface.ScaleWidth() * picture1_->width();
-  const double down = (y - press_->y) / surface.ScaleHeight() * picture1_->height();
+  const double across = (x - press.x) / surface.ScaleWidth() * picture1_->width();
+  const double down = (y - press.y) / surface.ScaleHeight() * picture1_->height();
   return std::hypot(across, down) > dragPixels;
 }
 
 void frmLocalSky::Picture1_MouseUp(Qt::MouseButton button, double x, double y) {
   if (button != Qt::LeftButton || !press_) return;
+  const Press press = *press_;
+  press_.reset();
   picture1_->HideOverlay();
   if (IsOn(zoomItem)) {
-    if (IsDrag(x, y)) ZoomTo(x, y);
+    if (IsDrag(press, x, y)) ZoomTo(press, x, y);
   } else if (IsOn(timesItem)) {
-    if (press_->trackPoint) PlaceTimeMark(x, y);
-  } else if (!IsDrag(x, y)) {
+    if (press.trackPoint) PlaceTimeMark(*press.trackPoint, x, y);
+  } else if (!IsDrag(press, x, y)) {
     ShowPicked(x, y);
   }
-  press_.reset();
 }
 
-void frmLocalSky::ZoomTo(double x, double y) {
-  const std::optional<ChartBox> box = ZoomDiscBox(press_->x, press_->y, x, y);
+void frmLocalSky::ZoomTo(const Press& press, double x, double y) {
+  const std::optional<ChartBox> box = ZoomDiscBox(press.x, press.y, x, y);
   if (!box) return;
   view_.Box = *box;
   view_.Zoomed = true;
   Genera_mappa();
 }
 
-void frmLocalSky::PlaceTimeMark(double x, double y) {
-  AddTimeMark(view_.Track, *press_->trackPoint, x, y);
+void frmLocalSky::PlaceTimeMark(int point, double x, double y) {
+  AddTimeMark(view_.Track, point, x, y);
   Genera_mappa();
 }
 
@@ -332,7 +345,7 @@ void frmLocalSky::ShowPicked(double x, double y) {
     Tell(MessageKind::Warning, LookupText("MDIForm1", "erroredb") + "\n" + failure.what());
     return;
   }
-  press_.reset();  // the window stands until the user has closed it
+  press_.reset();  // the window takes the mouse over
   window->ShowObject(pick->Body);
 }
 

@@ -16,7 +16,11 @@ class DataBox;
 class SurfaceWidget;
 class PixmapSurface;
 
-class frmLocalSky : public ChildForm, public LocalSkyCalls, public StarCountCalls, public PopupCalls {
+class frmLocalSky : public ChildForm,
+                    public LocalSkyCalls,
+                    public StarCountCalls,
+                    public PopupCalls,
+                    public PrintCalls {
   Q_OBJECT
  public:
   frmLocalSky();
@@ -32,6 +36,7 @@ class frmLocalSky : public ChildForm, public LocalSkyCalls, public StarCountCall
   int StarCount() const override { return view_.StarCount; }
   void SetStarCount(int count) override;
   void MenuCommand(std::string_view item) override;
+  void Stampa() override;
 
  protected:
   void BeforeUnload() override;
@@ -53,7 +58,7 @@ class frmLocalSky : public ChildForm, public LocalSkyCalls, public StarCountCall
   void SwitchTransit();
   /// Forgets track and marks; the menus and the toolbar button show it.
   void EndTransit();
-  void EndZoom();
+  void ZoomSwitched();
   PixmapSurface& Surface();
 
   void Picture1_MouseDown(Qt::MouseButton button, double x, double y, QPoint screen);
@@ -64,9 +69,9 @@ class frmLocalSky : public ChildForm, public LocalSkyCalls, public StarCountCall
   void ShowPopup(QPoint screen);
   void ShowPicked(double x, double y);
   /// Whether the mouse has moved far enough from the press to be meant.
-  bool IsDrag(double x, double y) const;
-  void PlaceTimeMark(double x, double y);
-  void ZoomTo(double x, double y);
+  bool IsDrag(const Press& press, double x, double y) const;
+  void PlaceTimeMark(int point, double x, double y);
+  void ZoomTo(const Press& press, double x, double y);
 
   QtSkyPictures pictures_;
   SkyView view_;

@@ -65,7 +65,7 @@ void frmMagnitude::ShowFor(std::string_view tag) {
   }
   lblNumeroStelle_->setText(QString::number(chart->StarCount()));
   cmbMagnitudine_->setCurrentIndex(LimitOf(chart->StarCount()));
-  RunForm();
+  ShowForm();
 }
 
 void frmMagnitude::cmbMagnitudine_Click() {

@@ -14,7 +14,7 @@ class frmMagnitude : public ModalForm, public MagnitudeCalls {
  public:
   frmMagnitude();
   void Unload() override { UnloadForm(); }
-  void Show() override { RunForm(); }
+  void Show() override { ShowForm(); }
   void ShowFor(std::string_view tag) override;
 
  private:

@@ -8,6 +8,7 @@
 #include "maps/qtSurface.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mLang.h"
+#include "sky/qtPage.h"
 #include "sky/qtPassPanel.h"
 
 namespace halvorine {
@@ -120,8 +121,16 @@ void frmSkySat::ShowMenuChecks() const {
     main->SetChecked(orientationItems[i], view_.Sky.Projection.Orientation == static_cast<std::int16_t>(i));
 }
 
+void frmSkySat::Stampa() {
+  PrintChart(this, [this] {
+    Genera_mappa();  // the chart, its date and the table are of one moment
+    return PassPage(view_);
+  });
+}
+
 void frmSkySat::MenuCommand(std::string_view item) {
   if (item == "mnuSkySatChiudi") return UnloadForm();
+  if (item == "mnuSkySatStampa") return Stampa();
   if (item == "mnuSkySatMagnitudine") {
     if (auto* const magnitude = Load<MagnitudeCalls>("frmMagnitude")) magnitude->ShowFor("anteprima");
     return;

@@ -16,7 +16,11 @@ namespace halvorine {
 class PassPanel;
 class SurfaceWidget;
 
-class frmSkySat : public ChildForm, public SkySatCalls, public PopupCalls, public StarCountCalls {
+class frmSkySat : public ChildForm,
+                  public SkySatCalls,
+                  public PopupCalls,
+                  public StarCountCalls,
+                  public PrintCalls {
   Q_OBJECT
  public:
   frmSkySat();
@@ -25,6 +29,7 @@ class frmSkySat : public ChildForm, public SkySatCalls, public PopupCalls, publi
   void Show() override { ShowForm(); }
   void ShowPass(const PassChart& pass) override;
   void MenuCommand(std::string_view item) override;
+  void Stampa() override;
   int StarCount() const override { return view_.Sky.StarCount; }
   void SetStarCount(int count) override;
 

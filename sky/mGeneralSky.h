@@ -57,6 +57,10 @@ std::string GeneralSkyReadout(double x, double y, std::string_view rightAscensio
 /// whole chart's proportions; nothing where none is near enough.
 std::optional<SkyPick> PickInGeneralSky(const GeneralSkyBox& box, int starCount, double x, double y);
 
+/// The figures in one colour, on a surface whose scale is set; a segment that crosses the hour 0 leaves the
+/// chart at one edge and comes back at the other. A failure passes.
+void DrawGeneralFigures(DrawSurface& surface, Colour colour);
+
 /// Computes Sun, Moon and planets for CurrentDate and draws the whole chart on the persistent layer. A
 /// failing part of the drawing ends silently; the others are drawn.
 void Genera_mappa(DrawSurface& surface, const GeneralSkyView& view);

@@ -58,12 +58,15 @@ void DrawSegment(DrawSurface& surface, const StarRow& from, const StarRow& to, C
   surface.Line(x1 + turn, y1, x2, y2, colour);
 }
 
-void DrawFigures(DrawSurface& surface) {
+}  // namespace
+
+void DrawGeneralFigures(DrawSurface& surface, Colour colour) {
   surface.DrawStyle = LineKind::Solid;
   surface.DrawWidth = figureWidth;
-  for (const ConstellationLine& line : ConstellationLines)
-    DrawSegment(surface, line.From, line.To, Options.Colours.ConstellationLines);
+  for (const ConstellationLine& line : ConstellationLines) DrawSegment(surface, line.From, line.To, colour);
 }
+
+namespace {
 
 void DrawNames(DrawSurface& surface, const GeneralSkyBox& box) {
   surface.Font = nameFont;
@@ -128,7 +131,8 @@ void Genera_mappa(DrawSurface& surface, const GeneralSkyView& view) {
     surface.BackColor = background;
     surface.Cls();
     if (view.Switches.Grid) DrawQuietly([&] { DrawGrid(surface, box); });
-    if (view.Switches.ConstellationLines) DrawQuietly([&] { DrawFigures(surface); });
+    if (view.Switches.ConstellationLines)
+      DrawQuietly([&] { DrawGeneralFigures(surface, Options.Colours.ConstellationLines); });
     if (view.Switches.ConstellationNames) DrawQuietly([&] { DrawNames(surface, box); });
     DrawQuietly([&] { DrawStars(surface, view); });
     DrawQuietly([&] { DrawBodies(surface, view); });

@@ -20,12 +20,6 @@ constexpr double notchFactor = 0.8;                   // of the box for each not
 constexpr double fullWidth = 400;                     // of the first view, twice as wide as the sky
 constexpr double farAway = 100000;                    // squared chart units, where a search begins
 
-/// Quarter turns of the chart, for an orientation of the settings.
-double QuarterTurns(std::int16_t orientation) {
-  constexpr std::array<double, 4> turns = {2, 0, 3, 1};  // north, south, west, east
-  return orientation < 0 || orientation > 3 ? 0 : turns[static_cast<std::size_t>(orientation)];
-}
-
 /// Least squared distance found so far, and what lies there.
 struct Nearest {
   double squared = farAway;
@@ -55,6 +49,11 @@ ChartBox BoxOf(double left, double top, double right, double bottom) {
 }
 
 }  // namespace
+
+int QuarterTurns(std::int16_t orientation) {
+  constexpr std::array<int, 4> turns = {2, 0, 3, 1};  // north, south, west, east
+  return orientation < 0 || orientation > 3 ? 0 : turns[static_cast<std::size_t>(orientation)];
+}
 
 void Mappatura(const SkyProjection& projection, double azimuth, double altitude, double& x, double& y) {
   const double k = QuarterTurns(projection.Orientation);
@@ -130,7 +129,7 @@ void ProjectPlace(StarRow& place, const SkyProjection& projection) {
 }
 
 void ProjectObjects(SkyPlaces& places, const SkyProjection& projection, int starCount) {
-  const auto count = static_cast<std::size_t>(UsableStarCount(starCount));
+  const std::size_t count = static_cast<std::size_t>(UsableStarCount(starCount));
   places.Stars.resize(count);
   for (std::size_t i = 0; i < count; ++i) {
     StarRow& star = places.Stars[i];

@@ -24,6 +24,9 @@ struct SkyProjection {
   bool operator==(const SkyProjection&) const = default;
 };
 
+/// Quarter turns of the chart for an orientation: 0 facing south, 1 east, 2 north, 3 west; 0 for any other.
+int QuarterTurns(std::int16_t orientation);
+
 /// Azimuth (from north through east) and altitude, degrees, to chart units. What lies below the horizon comes
 /// outside the disc; callers test the altitude. ArithmeticFailure where a point has no place.
 void Mappatura(const SkyProjection& projection, double azimuth, double altitude, double& x, double& y);

@@ -1,10 +1,13 @@
 // Marks that all sky charts share: stars by their class, the Moon's disc, planets, and names that keep clear
 // of one another.
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <utility>
 
 #include "astro/mConv.h"
 #include "astro/mMate.h"
+#include "astro/mMoonDraw.h"
 #include "shell/base/mGlobal.h"
 #include "sky/mSkyDraw.h"
 
@@ -14,14 +17,10 @@ namespace {
 
 constexpr int circleStars = 293, brightPoints = 1639;  // the last number of a class
 constexpr Colour brightPoint = Rgb(220, 220, 220), faintPoint = Rgb(140, 140, 140);
-constexpr Colour moonRim = Rgb(180, 180, 180), nameColour = Rgb(180, 180, 180);
-constexpr Colour planetRim = Rgb(214, 218, 232);
+constexpr Colour planetRim = Rgb(214, 218, 232), nameColour = Rgb(180, 180, 180);
 constexpr double smallestStar = 1.15, smallestPlanet = 2.2;  // pixels, radius
 constexpr double rimWidth = 0.8;                             // pixels, around planets
 constexpr double himetricPerTwip = 2540.0 / 1440.0;
-
-/// Half a round angle and its neighbours, by which halves of a disc are told.
-constexpr double quarter = 3.14159265 / 2, threeQuarters = 3 * 3.14159265 / 2;
 
 /// A rectangle in user units whose axes run as the device's do: right and down.
 struct Area {
@@ -149,28 +148,6 @@ void DrawStar(DrawSurface& surface, int number, double x, double y, double radiu
   surface.Circle(x, y, radius, White);
 }
 
-void DrawMoonDisc(DrawSurface& surface, double x, double y, double radius, double phaseDegrees) {
-  const double phase = ModFloor(phaseDegrees, 360);
-  const bool litRight = phase < 180;
-  const double c = std::cos(phase * DegToRad);
-  const auto half = [&](Colour colour, bool right) {
-    surface.FillColor = colour;
-    surface.Pie(x, y, radius, colour, right ? threeQuarters : quarter, right ? quarter : threeQuarters);
-  };
-  surface.FillStyle = FillKind::Solid;
-  surface.DrawWidth = 1;
-  surface.FillColor = moonRim;
-  surface.Circle(x, y, radius, moonRim);
-  half(White, litRight);
-  half(Black, !litRight);
-  if (phase != 90 && phase != 270 && c != 0) {
-    surface.FillColor = c > 0 ? Black : White;
-    surface.Circle(x, y, radius, surface.FillColor, 1 / std::abs(c));
-  }
-  surface.FillStyle = FillKind::Transparent;
-  surface.Circle(x, y, radius, moonRim);
-}
-
 Colour PlanetColour(int row) {
   constexpr std::array<std::size_t, 7> colours = {13, 10, 12, 4, 14, 11, 9};
   return Palette16[colours.at(static_cast<std::size_t>(row - 1))];
@@ -184,7 +161,7 @@ void DrawBodies(DrawSurface& surface, const std::vector<BodyMark>& marks, const 
     if (mark.Row == Sun)
       DrawSun(surface, mark, sunIcon);
     else if (mark.Row == Moon)
-      DrawMoonDisc(surface, mark.X, mark.Y, mark.Radius, SkyObjectTable[Moon].PhaseAngle * RadToDeg);
+      DrawMoon(surface, mark.X, mark.Y, mark.Radius, SkyObjectTable[Moon].PhaseAngle * RadToDeg);
     else
       DrawPlanet(surface, mark);
   }

@@ -4,8 +4,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <string_view>
 
-#include "astro/mAstro.h"
 #include "astro/mConv.h"
 #include "astro/mMate.h"
 #include "shell/base/mGlobal.h"
@@ -128,7 +129,7 @@ void DrawSkyBackground(DrawSurface& surface, SkyView& view) {
   surface.FillStyle = FillKind::Transparent;
 }
 
-void DrawCompass(DrawSurface& surface, const SkyView& view) {
+std::array<CompassMark, 12> CompassMarks(const SkyProjection& projection) {
   constexpr std::array<std::array<double, 2>, 12> points = {{{95, 2},
                                                              {78, 52},
                                                              {45, 86},
@@ -143,17 +144,23 @@ void DrawCompass(DrawSurface& surface, const SkyView& view) {
                                                              {78, -45}}};
   constexpr std::array<const char*, 12> ring = {"W", "300°", "330°", "N", " 30°", " 60°",
                                                 "E", "120°", "150°", "S", "210°", "240°"};
-  constexpr std::array<std::size_t, 4> starts = {6, 0, 3, 9};  // facing north, south, west, east
-  const std::size_t first = starts.at(static_cast<std::size_t>(view.Projection.Orientation));
+  const std::size_t first = ring.size() - 3 * static_cast<std::size_t>(QuarterTurns(projection.Orientation));
+  std::array<CompassMark, 12> marks;
+  for (std::size_t i = 0; i < marks.size(); ++i) {
+    const std::size_t text = (first + i) % ring.size();
+    marks[i] = {points[i][0], points[i][1], ring[text], text % 3 == 0};
+  }
+  return marks;
+}
+
+void DrawCompass(DrawSurface& surface, const SkyView& view) {
   surface.ForeColor = view.CompassColour;
   surface.TextHalo = Black;
-  for (std::size_t i = 0; i < points.size(); ++i) {
-    const std::size_t text = (first + i) % ring.size();
-    const bool side = text % 3 == 0;
-    surface.Font = {.Points = side ? 10.0 : 8.0, .Bold = side};
+  for (const CompassMark& mark : CompassMarks(view.Projection)) {
+    surface.Font = {.Points = mark.Side ? 10.0 : 8.0, .Bold = mark.Side};
     // a text of the whole view stays inside it; texts begin a little behind the pen
-    const double last = surface.UserX(surface.Width()) - surface.TextWidth(std::string(ring[text]) + " ");
-    PrintAt(surface, view.Zoomed ? points[i][0] : std::min(points[i][0], last), points[i][1], ring[text]);
+    const double last = surface.UserX(surface.Width()) - surface.TextWidth(std::string(mark.Text) + " ");
+    PrintAt(surface, view.Zoomed ? mark.X : std::min(mark.X, last), mark.Y, mark.Text);
   }
 }
 
@@ -182,27 +189,23 @@ void DrawHorizontalGrid(DrawSurface& surface, const SkyView& view) {
   surface.Line(0, -HorizonRadius, 0, HorizonRadius, view.GridColour);
 }
 
-constexpr int gridHours = 25, gridDegrees = 181;
-
 void DrawEquatorialGrid(DrawSurface& surface, const SkyView& view) {
-  std::vector<StarRow> places(static_cast<std::size_t>(gridHours * gridDegrees));
-  const auto at = [&places](int hour, int degree) -> StarRow& {
-    return places[static_cast<std::size_t>(hour * gridDegrees + degree)];
-  };
-  for (int hour = 0; hour < gridHours; ++hour) {
-    for (int degree = 0; degree < gridDegrees; ++degree) {
-      StarRow& place = at(hour, degree);
-      place.RightAscension = ToSingle(hour);
-      place.Declination = ToSingle(degree - 90);
+  constexpr std::size_t hours = 25, degrees = 181, southernmost = 90 - 75, northernmost = 90 + 75;
+  std::vector<std::array<StarRow, degrees>> circles(hours);
+  for (std::size_t hour = 0; hour < hours; ++hour) {
+    for (std::size_t degree = 0; degree < degrees; ++degree) {
+      StarRow& place = circles[hour][degree];
+      place.RightAscension = static_cast<float>(hour);
+      place.Declination = static_cast<float>(degree) - 90;
       ProjectPlace(place, view.Projection);
     }
   }
-  for (int hour = 0; hour < gridHours; ++hour)
-    for (int degree = 1; degree < gridDegrees; ++degree)
-      LineAboveHorizon(surface, at(hour, degree - 1), at(hour, degree), view.GridColour);
-  for (int degree = 90 - 75; degree <= 90 + 75; degree += 15)
-    for (int hour = 1; hour < gridHours; ++hour)
-      LineAboveHorizon(surface, at(hour - 1, degree), at(hour, degree), view.GridColour);
+  for (const std::array<StarRow, degrees>& circle : circles)
+    for (std::size_t degree = 1; degree < degrees; ++degree)
+      LineAboveHorizon(surface, circle[degree - 1], circle[degree], view.GridColour);
+  for (std::size_t degree = southernmost; degree <= northernmost; degree += 15)
+    for (std::size_t hour = 1; hour < hours; ++hour)
+      LineAboveHorizon(surface, circles[hour - 1][degree], circles[hour][degree], view.GridColour);
 }
 
 }  // namespace

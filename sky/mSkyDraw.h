@@ -80,6 +80,14 @@ void SetSkyScale(DrawSurface& surface, SkyView& view);
 double DiscAspect(const DrawSurface& surface);
 /// Black around a disc in the colours of the Sun's altitude; chooses the colour of the grid.
 void DrawSkyBackground(DrawSurface& surface, SkyView& view);
+/// One of the twelve texts around the disc, four of which are the names of the sides; chart units of the top
+/// left corner of its text.
+struct CompassMark {
+  double X = 0, Y = 0;
+  const char* Text = "";
+  bool Side = false;
+};
+std::array<CompassMark, 12> CompassMarks(const SkyProjection& projection);
 void DrawCompass(DrawSurface& surface, const SkyView& view);
 void DrawSkyGrid(DrawSurface& surface, const SkyView& view);
 void DrawConstellationLines(DrawSurface& surface, const SkyView& view);
@@ -101,9 +109,6 @@ void LineAboveHorizon(DrawSurface& surface, const StarRow& from, const StarRow& 
 /// A star by its number in the catalogue, which tells how bright it is; `radius` counts for those drawn as
 /// circles.
 void DrawStar(DrawSurface& surface, int number, double x, double y, double radius);
-
-/// The Moon's disc at a phase angle in degrees: 0 new, 90 first quarter, 180 full.
-void DrawMoonDisc(DrawSurface& surface, double x, double y, double radius, double phaseDegrees);
 
 /// Colour of a planet's dot, row 1 to 7 of SkyObjectTable.
 Colour PlanetColour(int row);

@@ -167,6 +167,12 @@ void Genera_mappa(DrawSurface& surface, PassView& view) {
   surface.AutoRedraw(false);
 }
 
+void AtPassMoment(const PassView& view, const std::function<void()>& routine) {
+  const OtherMoment moment(view.Place);
+  ComputeSkyObjects(view.Pass.selected);
+  routine();
+}
+
 std::optional<int> PassPointAt(const PassView& view, double x, double y) {
   const std::optional<int> nearest = NearestTrackPoint(view.Sky.Track, {-100, 100, 100, -100}, x, y);
   if (!nearest) return std::nullopt;

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <optional>
 
 #include "shell/base/mForms.h"
@@ -40,6 +41,10 @@ void TakePass(PassView& view, const PassChart& pass);
 /// Draws the whole chart on the persistent layer; its scale is 200 units on both axes. Clock, place and
 /// bodies are afterwards what they were.
 void Genera_mappa(DrawSurface& surface, PassView& view);
+
+/// Computes the sky of a chart's moment and place and runs a routine on it. Clock, place and bodies are
+/// afterwards what they were; the tick is held off.
+void AtPassMoment(const PassView& view, const std::function<void()>& routine);
 
 /// The point of the track that a press selects; nothing outside the chart or away from the track.
 std::optional<int> PassPointAt(const PassView& view, double x, double y);

@@ -3,19 +3,15 @@
 //   tour FOLDER [LANGUAGE]
 #include <QAbstractButton>
 #include <QComboBox>
-#include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QLabel>
 #include <QMouseEvent>
-#include <QPixmap>
 #include <QTabWidget>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTextStream>
-#include <QTimer>
 #include <fstream>
 #include <functional>
 #include <iostream>
@@ -142,59 +138,10 @@ QWidget* Download(MDIForm1& window, const QByteArray& answer, bool closes) {
   return form;
 }
 
-/// The next instant at which a followed satellite rises well to be seen; it becomes the principal one.
-Date NextSight(Date utc) {
-  for (int step = 0; step < 2000; ++step, utc = AddSeconds(utc, 20)) {
-    UpdateSiderealTime(AddSeconds(utc, ZoneShift() * 3600));
-    for (int slot = 1; slot <= ActiveCount; ++slot) {
-      const SatelliteState& state = SatelliteStates[slot];
-      ComputeSatelliteState(slot, ClockFields.JulianDayNow);
-      if (state.Elevation < 15 || state.RangeRate > -3 || state.Condition != Visible) continue;
-      SwapActive(1, slot);
-      return utc;
-    }
-  }
-  return utc;
-}
-
-/// The local sky at an instant, with figures and names, and the transit where wanted.
-QWidget* OpenLocalSky(MDIForm1& window, Date whenUtc, bool transit) {
-  window.RunCommand("mnuCieloMappaLocale");
-  auto* const sky = window.findChild<QWidget*>(QStringLiteral("frmLocalSky"));
-  if (sky == nullptr) return nullptr;
-  tourClock = AddSeconds(whenUtc, 0);
+/// Sets the computer's clock and lets the program follow it.
+void GoTo(Date utc) {
+  tourClock = AddSeconds(utc, 0);
   tmrCentrale_Timer();
-  for (const char* const item : {"mnuLocalSkyGriglia", "mnuLocalSkyOggettiCostellazioni",
-                                 "mnuLocalSkyEtichetteCostellazioni", "mnuLocalSkyEtichetteSoleLuna"})
-    if (!window.IsChecked(item)) window.RunCommand(item);
-  if (window.IsChecked("mnuLocalSkyTransitoPrincipale") != transit)
-    window.RunCommand("mnuLocalSkyTransitoPrincipale");
-  sky->parentWidget()->resize(820, 560);
-  Settle();
-  Loaded<LocalSkyCalls>("frmLocalSky")->Genera_mappa();
-  tmrCentrale_Timer();
-  return sky->parentWidget();
-}
-
-/// The picture of a modal window, which `show` opens and waits for, in a label of its own.
-QWidget* WhileOpen(MDIForm1& window, const char* name, const std::function<void()>& show) {
-  QPixmap picture;
-  QTimer look;
-  QObject::connect(&look, &QTimer::timeout, [&] {
-    auto* const form = window.findChild<QDialog*>(QString::fromLatin1(name));
-    if (form == nullptr || !form->isVisible()) return;
-    look.stop();
-    Settle();
-    picture = form->grab();
-    form->close();
-  });
-  look.start(1);
-  show();
-  auto* const shown = new QLabel();
-  shown->setAttribute(Qt::WA_DeleteOnClose);
-  shown->setPixmap(picture);
-  shown->resize(picture.deviceIndependentSize().toSize());
-  return shown;
 }
 
 /// Moves the satellites of the live panel to where they stand some minutes later.
@@ -203,21 +150,6 @@ void ShowLater(double minutes) {
   for (int slot = 1; slot <= ActiveCount; ++slot) ComputeSatelliteState(slot, ClockFields.JulianDayNow);
   if (auto* const panel = Loaded<RefreshCalls>("frmTrack")) panel->Aggiorna_dati();
   UpdateSiderealTime(CurrentDate);
-}
-
-/// Draws a box over the lower left quarter of the chart with the mouse.
-void ZoomWithMouse(MDIForm1& window, QWidget* sky) {
-  if (!window.IsChecked("mnuLocalSkyZoom")) window.RunCommand("mnuLocalSkyZoom");
-  auto* const chart = sky->findChild<QWidget*>(QStringLiteral("Picture1"));
-  const QPointF corner(chart->width() * 0.22, chart->height() * 0.42);
-  const QPointF other(chart->width() * 0.66, chart->height() * 0.97);
-  const auto send = [chart](QEvent::Type type, QPointF at) {
-    QMouseEvent event(type, at, chart->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(chart, &event);
-  };
-  send(QEvent::MouseButtonPress, corner);
-  send(QEvent::MouseButtonRelease, other);
-  window.RunCommand("mnuLocalSkyZoom");
 }
 
 std::vector<Stop> Stops(MDIForm1& window) {
@@ -229,6 +161,10 @@ std::vector<Stop> Stops(MDIForm1& window) {
     made->setAttribute(Qt::WA_DeleteOnClose);
     made->show();
     return made;
+  };
+  const auto modal = [&window](const char* name) {
+    Settle();
+    return window.findChild<QWidget*>(QString::fromLatin1(name));
   };
   return {
       {"frmLanguage", "The language is chosen at the first start", [=] { return dialog(new frmLanguage()); }},
@@ -347,7 +283,10 @@ std::vector<Stop> Stops(MDIForm1& window) {
          return child("frmTrack");
        }},
       {"frmSatellite", "Everything about one element set",
-       [=, &window] { return WhileOpen(window, "frmSatellite", [] { ShowSatellite(1); }); }},
+       [=] {
+         ShowSatellite(1);
+         return modal("frmSatellite");
+       }},
       {"frmPlanets", "Planets, Sun and Moon, every second",
        [=, &window] {
          window.RunCommand("mnuEffemeridiPianeti");
@@ -363,10 +302,15 @@ std::vector<Stop> Stops(MDIForm1& window) {
          return child("frmRiseSet");
        }},
       {"frmObject", "A planet that was clicked in the sky",
-       [=, &window] {
-         return WhileOpen(window, "frmObject", [] {
-           if (auto* const object = Load<ObjectCalls>("frmObject")) object->ShowObject(Saturn);
-         });
+       [=] {
+         if (auto* const object = Load<ObjectCalls>("frmObject")) object->ShowObject(Saturn);
+         return modal("frmObject");
+       }},
+      {"frmMagnitude", "How faint the stars of a chart may be",
+       [=] {
+         Load<GeneralSkyCalls>("frmGeneralSky");
+         if (auto* const magnitude = Load<MagnitudeCalls>("frmMagnitude")) magnitude->ShowFor("generale");
+         return modal("frmMagnitude");
        }},
       {"frmLocation", "The observer's place, found by typing a part of its name",
        [=, &window] {
@@ -413,8 +357,8 @@ std::vector<Stop> Stops(MDIForm1& window) {
       {"frmWorldMap-Ortho", "The globe, turned to the principal satellite",
        [&window] {
          if (FormCalls* const progress = LoadedForm("frmProgress")) progress->Unload();
-         for (const char* const name : {"frmDatabase", "frmFile1", "frmDetails", "frmVisibleSatellites",
-                                        "frmCalendar", "frmTime", "frmTrack", "frmPlanets", "frmRiseSet"})
+         for (const char* const name : {"frmDatabase", "frmFile1", "frmDetails", "frmCalendar", "frmTime",
+                                        "frmTrack", "frmPlanets", "frmRiseSet", "frmVisibleSatellites"})
            if (FormCalls* const form = LoadedForm(name)) form->Unload();
          return OpenMap(window, "mnuTerraMappaOrtografica", QSize(711, 490));
        }},
@@ -423,22 +367,23 @@ std::vector<Stop> Stops(MDIForm1& window) {
       {"frmLocalSky", "The observer's sky with the principal satellite's transit",
        [&window] {
          if (FormCalls* const map = LoadedForm("frmWorldMap")) map->Unload();
-         return OpenLocalSky(window, NextSight(DateOf(2022, 6, 14) + 20.5 / 24), true);
+         GoTo(NextSight(DateOf(2022, 6, 14) + 20.5 / 24));
+         return OpenLocalSky(window, true);
        }},
       {"frmLocalSky-Day", "The sky by day",
-       [&window] { return OpenLocalSky(window, DateOf(2022, 6, 15) + 13.0 / 24, false); }},
+       [&window] {
+         GoTo(DateOf(2022, 6, 15) + 13.0 / 24);
+         return OpenLocalSky(window, false);
+       }},
       {"frmLocalSky-Twilight", "The sky in twilight",
-       [&window] { return OpenLocalSky(window, DateOf(2022, 6, 15) + 19.9 / 24, false); }},
+       [&window] {
+         GoTo(DateOf(2022, 6, 15) + 19.9 / 24);
+         return OpenLocalSky(window, false);
+       }},
       {"frmLocalSky-Zoom", "A part of the night sky, with all stars and without the landscape",
        [&window] {
-         QWidget* const sky = OpenLocalSky(window, DateOf(2022, 6, 16) + 0.5 / 24, false);
-         if (sky == nullptr) return sky;
-         for (const char* const item :
-              {"mnuLocalSkyPaesaggio", "mnuLocalSkyProiezNormale", "mnuLocalSkyOrientamentoEst"})
-           window.RunCommand(item);
-         dynamic_cast<StarCountCalls*>(LoadedForm("frmLocalSky"))->SetStarCount(9010);
-         ZoomWithMouse(window, sky);
-         return sky;
+         GoTo(DateOf(2022, 6, 16) + 0.5 / 24);
+         return ZoomLocalSky(window);
        }},
       {"frmSettings-Filters", "Options: which passes a list keeps",
        [=, &window] {
@@ -471,6 +416,10 @@ std::vector<Stop> Stops(MDIForm1& window) {
        }},
       {"frmSkySat-All", "Another chart of it with grid, figures, names and times",
        [&window] { return OpenFullPassChart(window); }},
+      {"frmPreview-LocalSky", "The local sky on paper", [] { return PreviewLocalSky(); }},
+      {"frmPreview-Pass", "A pass on paper, with its times", [] { return PreviewPass(1); }},
+      {"frmPreview-Pass-2", "Its second page: room for notes, and the bodies", [] { return PreviewPass(2); }},
+      {"frmPreview-GeneralSky", "The whole sky on paper", [] { return PreviewGeneralSky(); }},
       {"MDIForm1-Night", "Night colours for eyes that are used to the dark",
        [&window]() -> QWidget* {
          for (const char* const name : {"frmFloating", "frmSkySat1", "frmSkySat2"})

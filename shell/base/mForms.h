@@ -116,6 +116,13 @@ class RefreshCalls : public FormCalls {
   virtual void Aggiorna_dati() = 0;
 };
 
+/// frmTrack: the live panel.
+class TrackCalls : public RefreshCalls {
+ public:
+  /// Takes over the channel that the options now hold for a row, from 0.
+  virtual void SetChannel(int panelRow) = 0;
+};
+
 /// frmDatabase.
 class DatabaseCalls : public FormCalls {
  public:
@@ -136,23 +143,22 @@ class DatabaseCalls : public FormCalls {
 /// frmSatellite: everything about one element set.
 class SatelliteCalls : public FormCalls {
  public:
-  /// Shows a slot, an active one or the scratch slot, and comes back when the user has closed the window.
+  /// Shows a slot, an active one or the scratch slot.
   virtual void ShowSlot(int slot) = 0;
 };
 
 /// frmChannel: the choice of a radio channel for a row of the live panel.
 class ChannelCalls : public FormCalls {
  public:
-  /// Asks for the channel of a row (from 0) that shows a slot, and comes back when the user has chosen (true;
-  /// the choice then stands in the options) or left. SubscriptFailure for a row or a slot that does not exist.
-  virtual bool Choose(int slot, int panelRow) = 0;
+  /// Asks for the channel of a row (from 0) that shows a slot. The choice goes into the options, and frmTrack
+  /// is told. SubscriptFailure for a row or a slot that does not exist.
+  virtual void Choose(int slot, int panelRow) = 0;
 };
 
 /// frmObject: everything about one object of the sky.
 class ObjectCalls : public FormCalls {
  public:
-  /// Shows PickedStar (0) or a body of SkyObjectTable (1 to 9), and comes back when the user has closed the
-  /// window. SubscriptFailure for any other number.
+  /// Shows PickedStar (0) or a body of SkyObjectTable (1 to 9). SubscriptFailure for any other number.
   virtual void ShowObject(int index) = 0;
 };
 
@@ -169,7 +175,7 @@ class StarCountCalls {
 class MagnitudeCalls : public FormCalls {
  public:
   /// Asks for the limit of the chart that a tag stands for: "locale", "generale", or "anteprima" for the pass
-  /// chart named AskingPassChart. Comes back when the user has closed the window.
+  /// chart named AskingPassChart. The chart takes the choice over.
   virtual void ShowFor(std::string_view tag) = 0;
 };
 

@@ -11,7 +11,7 @@
 namespace halvorine {
 
 inline std::string AppPath;     // folder of the program, without a separator at its end
-inline bool DataIsShared;      // AppPath belongs to the whole system: nothing is ever written there
+inline bool DataIsShared;       // AppPath belongs to the whole system: nothing is ever written there
 inline std::string UserFolder;  // what the program rewrites, where its own folder cannot be written
 inline std::string HelpFile;    // full name of the help file of the language
 

@@ -106,6 +106,8 @@ void ChildForm::SetFirstSize(int width, int height) {
 
 ModalForm::ModalForm(const QString& name) : QDialog(WorkArea() != nullptr ? WorkArea()->window() : nullptr) {
   setObjectName(name);
+  setModal(true);
+  connect(this, &QDialog::finished, this, &ModalForm::UnloadForm);
 }
 
 ModalForm::~ModalForm() {
@@ -117,12 +119,10 @@ void ModalForm::Publish(FormCalls* calls) {
   RegisterForm(FromQ(objectName()), calls);
 }
 
-bool ModalForm::RunForm() {
-  if (isVisible()) return false;
-  const QPointer<ModalForm> self(this);
-  const bool accepted = exec() == QDialog::Accepted;
-  if (self != nullptr) UnloadForm();
-  return accepted;
+void ModalForm::ShowForm() {
+  show();
+  raise();
+  activateWindow();
 }
 
 void ModalForm::UnloadForm() {
@@ -130,6 +130,7 @@ void ModalForm::UnloadForm() {
   if (LoadedForm(FromQ(objectName())) == calls_) UnregisterForm(FromQ(objectName()));
   calls_ = nullptr;
   hide();
+  // the call may come from one of the window's own handlers, so that the deletion waits for the event loop
   deleteLater();
 }
 

@@ -91,8 +91,8 @@ class ChildForm : public QWidget {
   bool unloading_ = false;
 };
 
-/// Base of the modal windows, which stand over the main window. Made hidden; unloaded when the user has
-/// closed it.
+/// Base of the modal windows, which stand over the main window and hold it off. Made hidden; unloaded when
+/// the user has closed it. Nobody waits for one in a loop: what it decides it passes on itself.
 class ModalForm : public QDialog {
   Q_OBJECT
  public:
@@ -101,10 +101,8 @@ class ModalForm : public QDialog {
 
  protected:
   void Publish(FormCalls* calls);
-  /// Shows the window, waits until it is closed and unloads it; true where the user accepted. Nothing happens
-  /// while it stands open already. The window may be gone afterwards.
-  bool RunForm();
-  /// Ends it for real; a waiting RunForm comes back.
+  void ShowForm();
+  /// Ends it for real.
   void UnloadForm();
 
  private:

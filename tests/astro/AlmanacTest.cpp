@@ -5,7 +5,6 @@
 
 #include "astro/mAstro.h"
 #include "astro/mMate.h"
-#include "astro/mMoonDraw.h"
 #include "shell/base/mFiles.h"
 #include "shell/base/mLang.h"
 #include "tests/fakes/RecordingSurface.h"
@@ -97,33 +96,16 @@ TEST_F(AlmanacTest, PhaseIsThatOfTheDateAndLeavesTheClockAlone) {
   EXPECT_EQ(SunLongitudeRad, sun);
 }
 
-TEST_F(AlmanacTest, EightPhasesAreLitOnTheirSideByTheirShare) {
-  const struct {
-    double phase;
-    bool right;
-    Colour ellipse;
-  } rows[] = {{0, true, Black},   {45, true, Black},   {90, true, Black},   {135, true, White},
-              {180, true, White}, {225, false, White}, {270, false, White}, {315, false, Black},
-              {405, true, Black}, {-45, false, Black}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.phase);
-    RecordingSurface surface(3000, 3000);
-    surface.FillColor = 77;
-    DrawMoon(surface, 1500, 1500, 1000, row.phase);
-    EXPECT_EQ(surface.FillColor, 77);
-    const std::vector<Primitive> halves = surface.Of(Primitive::Kind::Pie);
-    ASSERT_EQ(halves.size(), 2U);
-    EXPECT_EQ(halves[0].colour, row.right ? White : Black) << "the right half comes first";
-    EXPECT_EQ(halves[1].colour, row.right ? Black : White);
-    const std::vector<Primitive> rounds = surface.Of(Primitive::Kind::Ellipse);
-    ASSERT_EQ(rounds.size(), 3U) << "disc, terminator, rim";
-    const Primitive& ellipse = rounds[1];
-    EXPECT_NEAR(ellipse.y2, 1000, 1e-9);
-    // half of the disc, less or more half of the ellipse, is the lit part
-    const double share = 0.5 + (ellipse.colour == White ? 0.5 : -0.5) * ellipse.x2 / 1000;
-    EXPECT_NEAR(share, MoonLitPart(row.phase), 1e-6);
-    EXPECT_TRUE(ellipse.x2 < 1 || ellipse.colour == row.ellipse);
-  }
+TEST_F(AlmanacTest, LitPartGrowsToTheFullMoonAndItsPictureFillsTheBox) {
+  for (const auto& [phase, part] :
+       {std::pair{0.0, 0.0}, {60.0, 0.25}, {90.0, 0.5}, {180.0, 1.0}, {270.0, 0.5}})
+    EXPECT_NEAR(MoonLitPart(phase), part, 1e-8);
+  RecordingSurface surface(1000, 600);
+  DrawMoonPicture(surface, 45);
+  EXPECT_EQ(surface.drawn.front().kind, Primitive::Kind::Clear);
+  const Primitive rim = surface.drawn.back();
+  EXPECT_EQ(rim.from, (DeviceSpot{500, 300}));
+  EXPECT_NEAR(rim.y2, 252, 1e-9);
 }
 
 }  // namespace

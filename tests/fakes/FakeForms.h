@@ -86,13 +86,6 @@ class FakeSatellite : public FakeForm<SatelliteCalls> {
   void ShowSlot(int slot) override { Note("ShowSlot " + std::to_string(slot)); }
 };
 
-class FakeSkySat : public FakeForm<SkySatCalls> {
- public:
-  explicit FakeSkySat(CallLog& log) : FakeForm("frmSkySat", log) {}
-  void ShowPass(const PassChart& pass) override { shown = pass; }
-  PassChart shown;
-};
-
 class FakeMagnitude : public FakeForm<MagnitudeCalls> {
  public:
   explicit FakeMagnitude(CallLog& log) : FakeForm("frmMagnitude", log) {}
@@ -101,6 +94,13 @@ class FakeMagnitude : public FakeForm<MagnitudeCalls> {
     const std::string chart = tag == "anteprima" ? AskingPassChart : "frmGeneralSky";
     if (auto* const stars = Loaded<StarCountCalls>(chart)) stars->SetStarCount(23);
   }
+};
+
+class FakeSkySat : public FakeForm<SkySatCalls> {
+ public:
+  explicit FakeSkySat(CallLog& log) : FakeForm("frmSkySat", log) {}
+  void ShowPass(const PassChart& pass) override { shown = pass; }
+  PassChart shown;
 };
 
 class FakePlanets : public FakeForm<RefreshCalls> {

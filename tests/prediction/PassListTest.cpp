@@ -74,13 +74,14 @@ class PassLists : public OrbitTest {
     for (int row = 0; row < list.Count(); ++row) order += std::to_string(list.FoundAt(row));
     return order;
   }
+  /// The first satellites of low orbits, all of which pass each day.
   static void Follow(int count) {
-    const std::vector<DatabaseEntry> sets = ManySets(count);
-    for (int slot = 1; slot <= count; ++slot) {
-      const DatabaseEntry& set = sets[static_cast<std::size_t>(slot - 1)];
-      Estrai_Dati_Satellite(slot, set.name, set.line1, set.line2);
+    ActiveCount = 0;
+    for (const DatabaseEntry& set : ManySets(2 * count + 5)) {
+      if (ActiveCount == count) return;
+      Estrai_Dati_Satellite(ActiveCount + 1, set.name, set.line1, set.line2);
+      if (ElementSets[ActiveCount + 1].MeanMotion > 11) ++ActiveCount;
     }
-    ActiveCount = ToInt16(count);
   }
   void ReadSample() {
     std::string text;
@@ -212,6 +213,7 @@ TEST_F(PassLists, RunsSearchWhatTheirTabNames) {
   for (const Row& row : std::vector<Row>{{PrincipalSatellite, 200, 12, 1, 1},
                                          {SecondarySatellites, 10, 12, 2, 10},
                                          {SecondarySatellites, 200, 12, 2, 12},
+                                         {SecondarySatellites, 9, 12, 2, 9},
                                          {SecondarySatellites, 10, 5, 2, 5}}) {
     Follow(row.active);
     request.tab = row.tab;

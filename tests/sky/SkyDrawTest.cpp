@@ -1,6 +1,7 @@
 // The drawn chart as primitives: colours, classes, layers, clipping, grids, the Moon's phases, names.
 #include <algorithm>
 
+#include "astro/mMoonDraw.h"
 #include "tests/sky/SkyFixture.h"
 
 namespace halvorine {
@@ -175,7 +176,7 @@ TEST_F(SkyDrawTest, MoonIsLitOnTheSideAndToThePartOfItsPhase) {
         Case{120, true, White, 0.5}, Case{180, false, White, 1}, Case{240, false, White, 0.5},
         Case{270, false, -1, 0}, Case{300, false, Black, 0.5}, Case{660, false, Black, 0.5}}) {
     surface.drawn.clear();
-    DrawMoonDisc(surface, 10, 20, 3, c.phase);
+    DrawMoon(surface, 10, 20, 3, c.phase);
     const std::vector<Primitive> halves = surface.Of(Kind::Pie), rounds = surface.Of(Kind::Ellipse);
     ASSERT_EQ(halves.size(), 2U);
     for (const Primitive& half : halves) {

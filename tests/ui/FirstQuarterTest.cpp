@@ -26,7 +26,6 @@
 #include "shell/qtApplication.h"
 #include "tests/fakes/FakePlatform.h"
 #include "tests/fakes/ProgramFolder.h"
-#include "tests/fakes/TextWidths.h"
 
 namespace halvorine {
 namespace {
@@ -173,11 +172,11 @@ TEST_F(FirstQuarterTest, EveryCommandDoesWhatItSaysOrIsDisabled) {
       {"mnuTerraMappaRettangolare", "frmWorldMap"},
       {"mnuTerraMappaOrtografica", "frmWorldMap"},
       {"mnuCieloMappaLocale", "frmLocalSky"},
+      {"mnuSatellitiPrevisioniPassaggi", "frmVisibleSatellites"},
       {"mnuCieloMappaGenerale", "frmGeneralSky"},
       {"mnuSatellitiDatabase", "frmDatabase"},
       {"mnuSatellitiCalcoloEffemeridi", "frmCalc"},
       {"mnuSatellitiMotoRelativo", "frmRelative"},
-      {"mnuSatellitiPrevisioniPassaggi", "frmVisibleSatellites"},
       {"mnuStrumentiCalendario", "frmCalendar"},
       {"mnuOpzioniData", "frmTime"},
       {"mnuOpzioniLocalita", "frmLocation"},
@@ -185,11 +184,12 @@ TEST_F(FirstQuarterTest, EveryCommandDoesWhatItSaysOrIsDisabled) {
       {"mnuStrumentiSincronizzazione", "frmSyncro"},
       {"mnuEffemeridiSatelliti", "frmTrack"},
       {"mnuEffemeridiPianeti", "frmPlanets"},
-      {"mnuEffemeridiAlmanacco", "frmRiseSet"}};
+      {"mnuEffemeridiAlmanacco", "frmRiseSet"},
+      {"mnuSatellitiElementiOrbitali", "frmSatellite"}};
   // these ask with a window of their own that waits, or end the program; other tests drive them
-  const QStringList waiting{"mnuOpzioniLingua", "mnuAiutoInformazioni",
-                            "mnuFileEsci",      "mnuFileImpostaStampante",
-                            "mnuFileStampa",    "mnuSatellitiElementiOrbitali"};
+  const QStringList waiting{"mnuOpzioniLingua",        "mnuAiutoInformazioni", "mnuFileEsci",
+                            "mnuFileImpostaStampante", "mnuFileStampa",        "mnuLocalSkyStampa",
+                            "mnuGeneralSkyStampa",     "mnuSkySatStampa"};
   int enabled = 0;
   QStringList disabled;
   for (QAction* const action : window_->findChildren<QAction*>()) {
