@@ -103,7 +103,8 @@ TEST_F(EveryWindowTest, AllMayBeOpenedUsedAndClosedDuringLongWork) {
   QStringList commands;
   for (const QAction* const action : window_->findChildren<QAction*>())
     if (action->objectName().startsWith(QLatin1String("mnu")) && action->menu() == nullptr &&
-        !waiting.contains(action->objectName()))
+        !waiting.contains(action->objectName()) &&
+        !action->objectName().endsWith(QLatin1String("Magnitudine")))
       commands.push_back(action->objectName());
   for (const auto& [name, work] : works) {
     std::size_t step = 0;

@@ -1,8 +1,11 @@
 // Pass charts in the running program, several at once, driven by mouse and menus.
 #include "sky/frmSkySat.h"
 
+#include <QAbstractItemView>
+#include <QMdiSubWindow>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QTabWidget>
 #include <vector>
 
 #include "maps/qtSurface.h"
@@ -174,6 +177,40 @@ TEST_F(SkySatWindow, TenChartsStandSideBySideAndCloseInAnyOrder) {
     EXPECT_EQ(Shown(charts[left]), pictures[left]);
   EXPECT_EQ(Open()->objectName(), QStringLiteral("frmSkySat1")) << "a free number is taken again";
   EXPECT_FALSE(IsFormLoaded("frmSkySat5"));
+}
+
+TEST_F(SkySatWindow, PassListOpensOneChartForEachPassAndStaysAsItWas) {
+  Item("mnuSatellitiPrevisioniPassaggi")->trigger();
+  QCoreApplication::processEvents();
+  QWidget* const list = Form("frmVisibleSatellites");
+  auto* const pages = Control<QTabWidget>(list, "SSTab1");
+  QTest::mouseClick(pages->tabBar(), Qt::LeftButton, {}, pages->tabBar()->tabRect(1).center());
+  const auto click = [list](const char* name) {
+    QTest::mouseClick(Control<QAbstractButton>(list, name, 1), Qt::LeftButton);
+    QCoreApplication::processEvents();
+  };
+  click("cmdOK");
+  auto* const passes = Control<QAbstractItemView>(list, "lvwPass", 1);
+  auto* const report = Control<QAbstractItemView>(list, "lstPass", 1);
+  ASSERT_GE(passes->model()->rowCount(), 2);
+  for (const int row : {0, 1}) {
+    WorkArea()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(list->parentWidget()));
+    const QModelIndex index = passes->model()->index(row, 0);
+    passes->scrollTo(index);
+    QTest::mouseClick(passes->viewport(), Qt::LeftButton, {}, passes->visualRect(index).center());
+    click("cmdMappa");
+    const auto chart = QStringLiteral("frmSkySat%1").arg(row + 1).toLatin1();
+    ASSERT_TRUE(IsFormLoaded(chart.constData()));
+    // date, time and the rest of the report's rows, against the panel beside the chart
+    for (int event = 0; event < 3; ++event) {
+      const QString wanted = report->model()->index(event, 0).data().toString();
+      EXPECT_TRUE(wanted.contains(Control<QLabel>(Form(chart.constData()), "lblTime", event)->text()))
+          << FromQ(wanted);
+    }
+  }
+  EXPECT_EQ(report->model()->rowCount(), 3);
+  Form("frmSkySat1")->close();
+  EXPECT_TRUE(Form("frmVisibleSatellites")->isVisible());
 }
 
 /// The menu lets events run before the work starts, and any of them may close the chart.
