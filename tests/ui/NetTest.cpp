@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QDialog>
 #include <QLabel>
@@ -342,7 +343,7 @@ TEST_F(NetTest, TheCheckOfTheConnectionIsKeptAndAHint) {
 }
 
 /// From the catalogue's button to the new rows of the catalogue.
-TEST_F(NetTest, ADownloadedFileIsReadAgainOnDemand) {
+TEST_F(NetTest, ADownloadedFileIsReadAgainOnDemandAndPredicted) {
   const std::string sample = ProgramFolder::Read(folder_.Path("elements/sample.txt"));
   std::size_t end = 0;
   for (int line = 0; line < 30; ++line) end = sample.find('\n', end) + 1;
@@ -363,6 +364,14 @@ TEST_F(NetTest, ADownloadedFileIsReadAgainOnDemand) {
     EXPECT_EQ(platform_.messages.at(0).text, Told("aggiornasatelliti1") + "\n" + Told("aggiornasatelliti2"));
     EXPECT_EQ(PrimaryDatabase.Count(), answer == MessageAnswer::Yes ? 10 : 175);
   }
+  // and on to the passes of what has come
+  Item("mnuSatellitiPrevisioniPassaggi")->trigger();
+  QWidget* const passes = Form("frmVisibleSatellites");
+  QTest::mouseClick(Control<QAbstractButton>(passes, "chkTransito"), Qt::LeftButton, {}, QPoint(8, 8));
+  Control<QComboBox>(passes, "cmbDurata", 0)->setCurrentIndex(6);
+  QTest::mouseClick(Control<QAbstractButton>(passes, "cmdOK", 0), Qt::LeftButton);
+  QCoreApplication::processEvents();
+  EXPECT_GT(Control<QAbstractItemView>(passes, "lvwPass", 0)->model()->rowCount(), 5);
 }
 
 TEST_F(NetTest, TheClockIsSetOnlyWhenTheServiceSaysSo) {
