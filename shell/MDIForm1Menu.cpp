@@ -32,6 +32,8 @@ struct MenuTable {
     bool needsDatabase = false;
   };
   static const std::vector<Row>& BarRows();
+  static std::vector<Row> ViewRows();  // the menus from the files to the satellites
+  static std::vector<Row> ToolRows();  // the menus behind them
   static const std::vector<Row>& PopupRows();
 };
 
@@ -210,8 +212,18 @@ void AddPassChart(std::vector<Row>& rows) {
 }  // namespace
 
 const std::vector<MenuTable::Row>& MenuTable::BarRows() {
+  static const std::vector<Row> rows = [] {
+    std::vector<Row> all = ViewRows();
+    const std::vector<Row> tools = ToolRows();
+    all.insert(all.end(), tools.begin(), tools.end());
+    return all;
+  }();
+  return rows;
+}
+
+std::vector<MenuTable::Row> MenuTable::ViewRows() {
   using M = MDIForm1;
-  static const std::vector<Row> rows = {
+  return {
       Top("mnuFile"),
       {.name = "mnuFileApri", .parent = "mnuFile", .handler = &M::OpenFile, .shortcut = "Ctrl+O"},
       {.name = "mnuFileVisualizza", .parent = "mnuFile", .handler = &M::ViewFile},
@@ -262,6 +274,12 @@ const std::vector<MenuTable::Row>& MenuTable::BarRows() {
       FormOverDatabase("mnuSatellitiMotoRelativo", "mnuSatelliti", "frmRelative"),
       FormOverDatabase("mnuSatellitiCalcoloEffemeridi", "mnuSatelliti", "frmCalc"),
       Form("mnuSatellitiPrevisioniPassaggi", "mnuSatelliti", "frmVisibleSatellites"),
+  };
+}
+
+std::vector<MenuTable::Row> MenuTable::ToolRows() {
+  using M = MDIForm1;
+  return {
       Top("mnuEffemeridi"),
       Form("mnuEffemeridiPianeti", "mnuEffemeridi", "frmPlanets"),
       Form("mnuEffemeridiSatelliti", "mnuEffemeridi", "frmTrack"),
@@ -303,7 +321,6 @@ const std::vector<MenuTable::Row>& MenuTable::BarRows() {
       Line("mnuAiuto"),
       {.name = "mnuAiutoInformazioni", .parent = "mnuAiuto", .handler = &M::OpenAbout},
   };
-  return rows;
 }
 
 const std::vector<MenuTable::Row>& MenuTable::PopupRows() {

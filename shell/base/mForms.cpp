@@ -61,6 +61,7 @@ bool CanLoadForm(std::string_view name) {
 
 std::vector<std::string> LoadableForms() {
   std::vector<std::string> names;
+  names.reserve(makers.size());
   for (const auto& [key, maker] : makers) names.push_back(maker.name);
   return names;
 }
