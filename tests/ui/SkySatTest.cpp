@@ -1,6 +1,7 @@
 // Pass charts in the running program, several at once, driven by mouse and menus.
 #include "sky/frmSkySat.h"
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QMdiSubWindow>
 #include <QMenu>
