@@ -68,9 +68,13 @@ class TestServer : public QTcpServer {
       socket_->startServerEncryption();
     }
     connect(socket_, &QSslSocket::disconnected, socket_, &QObject::deleteLater);
-    connect(socket_, &QSslSocket::bytesWritten, this, [this] {
-      if (repeats > 0 && socket_ && socket_->bytesToWrite() == 0 && --repeats >= 0) Send(answer);
-    });
+    // queued: a socket does not tell of bytes that are written while it tells of others
+    connect(
+        socket_, &QSslSocket::bytesWritten, this,
+        [this] {
+          if (repeats > 0 && socket_ && socket_->bytesToWrite() == 0 && --repeats >= 0) Send(answer);
+        },
+        Qt::QueuedConnection);
     connect(socket_, &QSslSocket::readyRead, this, [this] {
       request += socket_->readAll().toStdString();
       if (request.ends_with("\r\n\r\n")) Answer();
