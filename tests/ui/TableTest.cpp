@@ -280,6 +280,10 @@ TEST_F(TableTest, PrinterThatFailsIsToldAndACancelIsNot) {
     Details()->Stampa();
     EXPECT_EQ(LastText(), LookupText("frmPreview", "nonstampato")) << path.toStdString();
   }
+  platform_.messages.clear();
+  PrintTo(ToQ(folder_.Path("whole.pdf")));
+  Details()->Stampa();
+  EXPECT_TRUE(platform_.messages.empty()) << "a file that failed leaves the next one alone";
 }
 
 TEST_F(TableTest, CancelsAndClosedWindowsEndATableAndRestoreTheClock) {
