@@ -1,6 +1,6 @@
 // A tour through the real windows: it starts the program at a fixed clock near the sample elements' epoch,
 // opens one window after the other and writes a picture of each, named after it, with a line of text.
-//   tour FOLDER [LANGUAGE]
+//   tour FOLDER [LANGUAGE [night]]
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QDir>
@@ -424,18 +424,14 @@ std::vector<Stop> Stops(MDIForm1& window) {
        [&window]() -> QWidget* {
          for (const char* const name : {"frmFloating", "frmSkySat1", "frmSkySat2"})
            if (FormCalls* const form = LoadedForm(name)) form->Unload();
-         window.RunCommand("mnuVisualizzaColoriNotte");
          return &window;
        }},
       {"MDIForm1", "The main window with its menus, toolbar and status bar",
-       [&window]() -> QWidget* {
-         if (NightColoursActive) window.RunCommand("mnuVisualizzaColoriNotte");
-         return &window;
-       }},
+       [&window]() -> QWidget* { return &window; }},
   };
 }
 
-int Take(const QString& folder, const std::string& language) {
+int Take(const QString& folder, const std::string& language, bool atNight) {
   QTemporaryDir user;
   TourPlatform platform(FromQ(user.filePath(QStringLiteral("settings.txt"))));
   SetPlatform(&platform);
@@ -455,6 +451,8 @@ int Take(const QString& folder, const std::string& language) {
   QDir().mkpath(folder);
   int missing = 0;
   for (const Stop& stop : Stops(window)) {
+    if (NightColoursActive != (atNight || stop.name.endsWith(QLatin1String("-Night"))))
+      window.RunCommand("mnuVisualizzaColoriNotte");
     QWidget* const shown = stop.open();
     Settle();
     const QString file = folder + QLatin1Char('/') + stop.name + QLatin1String(".png");
@@ -472,15 +470,16 @@ int Take(const QString& folder, const std::string& language) {
 
 int main(int argc, char** argv) {
   if (argc < 2) {
-    std::cerr << "usage: tour FOLDER [LANGUAGE]\n";
+    std::cerr << "usage: tour FOLDER [LANGUAGE [night]]\n";
     return 2;
   }
   const QString folder = QString::fromLocal8Bit(argv[1]);
   const std::string language = argc > 2 ? argv[2] : "English";
+  const bool atNight = argc > 3 && QString::fromLocal8Bit(argv[3]) == QLatin1String("night");
   halvorine::Application application(argc, argv);
   try {
     std::cout << "Pictures of the tour in " << argv[1] << ":\n";
-    return halvorine::Take(folder, language);
+    return halvorine::Take(folder, language, atNight);
   } catch (const std::exception& failure) {
     std::cerr << "The tour ended: " << failure.what() << "\n";
     return 1;
