@@ -85,7 +85,7 @@ TableForm::TableForm(const char* name) : ChildForm(QString::fromLatin1(name)), s
 
 QString TableForm::Text(const char* key) const { return halvorine::Text(section_, key); }
 
-void TableForm::Compose(QWidget* pages, int helpTopic) {
+void TableForm::Compose(QWidget* pages, int helpTopic, QWidget* note) {
   auto* const right = new QVBoxLayout();
   right->setSpacing(12);
   right->addWidget(MakeSpan());
@@ -99,6 +99,7 @@ void TableForm::Compose(QWidget* pages, int helpTopic) {
   rows->setContentsMargins(12, 12, 12, 12);
   rows->setSpacing(12);
   rows->addLayout(upper, 1);
+  if (note != nullptr) rows->addWidget(note);
   rows->addLayout(MakeLastRow(helpTopic));
   OrderTabs();
   const QSize fitting = sizeHint();
