@@ -1,6 +1,7 @@
 #include "controls/qtLookStyle.h"
 
 #include <QAbstractItemView>
+#include <QAbstractSpinBox>
 #include <QToolBar>
 #include <algorithm>
 #include <iterator>
@@ -179,8 +180,11 @@ QRect LookStyle::subElementRect(SubElement element, const QStyleOption* option, 
   if (element == SE_TabBarTabText && IsWest(option)) return option->rect.adjusted(10, 0, -10, 0);
   const QRect told = QProxyStyle::subElementRect(element, option, widget);
   if (const auto* const field = qstyleoption_cast<const QStyleOptionFrame*>(option);
-      element == SE_LineEditContents && field != nullptr && field->lineWidth > 0)
-    return told.adjusted(fieldMargin, 0, -fieldMargin, 0);
+      element == SE_LineEditContents && field != nullptr && field->lineWidth > 0 && widget != nullptr) {
+    const bool ofSpinBox = qobject_cast<const QAbstractSpinBox*>(widget->parentWidget()) != nullptr;
+    return ofSpinBox ? told.adjusted(fieldMargin + 1, 0, 0, 0)
+                     : told.adjusted(fieldMargin, 0, -fieldMargin, 0);
+  }
   return told;
 }
 

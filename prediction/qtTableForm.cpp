@@ -4,7 +4,6 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -21,7 +20,7 @@ namespace {
 
 constexpr int mostAmount = 59;
 // logical pixels
-constexpr int formWidth = 540, formHeight = 400, listWidth = 230, textMargin = 4;
+constexpr int formWidth = 540, formHeight = 400, listWidth = 230;
 
 struct CodeChoice {
   const char *name, *key;
@@ -124,9 +123,7 @@ QWidget* TableForm::MakeSpan() {
   auto* const frame = Named(new QGroupBox(), "fraDurata");
   DTPicker1_ = Named(new QDateTimeEdit(), "DTPicker1");
   DressPicker(*DTPicker1_, CurrentDate);
-  if (auto* const line = DTPicker1_->findChild<QLineEdit*>()) line->setTextMargins(textMargin, 0, 0, 0);
   DTPicker1_->setAccessibleName(Text("datainizio"));
-  DTPicker1_->setMinimumWidth(DTPicker1_->sizeHint().width() + 2 * textMargin);
   // two hours by the minute: one revolution and a bit of most satellites
   cmbDurata_ = MakeNumbers("cmbDurata", 2);
   cmbTipoDurata_ = MakeUnits("cmbTipoDurata", {"min", "ore", "giorni"}, SpanHours);
