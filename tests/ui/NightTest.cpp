@@ -120,6 +120,16 @@ TEST_F(NightTest, FieldsWithACursorAndTheToolkitsFileDialogAreRedToo) {
   EXPECT_EQ(text.cursorWidth(), 1);
 }
 
+TEST_F(NightTest, AWindowOpenedAtNightHasItsDayColoursByDay) {
+  Start();
+  Night();
+  Item("mnuStrumentiCalendario")->trigger();
+  Night();
+  QCoreApplication::processEvents();
+  const QImage calendar = dynamic_cast<ChildForm*>(LoadedForm("frmCalendar"))->Frame()->grab().toImage();
+  EXPECT_EQ(calendar.pixelColor(calendar.width() / 2, 4), ColoursOf(QApplication::palette()).Caption);
+}
+
 TEST_F(NightTest, ThePagesOfAPreviewAreRedAtNight) {
   Start();
   QPrinter printer;
