@@ -110,6 +110,9 @@ TEST_F(ActiveListTest, RemovalCompactsAndClearsTheRest) {
     SatelliteStates[5].Range = 7;
     RemoveSelected(row.positions);
     EXPECT_EQ(Active(), row.expected);
+    Texts names;
+    for (const std::string& number : row.expected) names.push_back("Sat " + number.substr(4));
+    EXPECT_EQ(ActiveRows, names);
     for (int slot = ActiveCount + 1; slot <= 202; ++slot) {
       ASSERT_EQ(ElementLines[slot], DatabaseEntry());
       ASSERT_EQ(ElementSets[slot].CatalogNumber, "");

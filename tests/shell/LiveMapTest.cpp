@@ -1,4 +1,4 @@
-// A minute of ticks with all of the sample's satellites, drawn on both maps: every place against the
+// A minute of ticks with all of the sample's satellites, drawn on the flat map: every place against the
 // independently computed point under the satellite.
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// The drawn chart as primitives: colours, classes, layers, clipping, grids, the Moon's phases, names.
+// The drawn chart as primitives: colours, classes, clipping, grids, the Moon's phases, names.
 #include <algorithm>
 
 #include "astro/mMoonDraw.h"
@@ -8,7 +8,7 @@ namespace halvorine {
 namespace {
 
 using Kind = Primitive::Kind;
-constexpr Colour figureColour = 10789888, nameColour = 255;
+constexpr Colour figureColour = 10789888;
 
 class SkyDrawTest : public SkyTest {
  protected:

@@ -1,8 +1,10 @@
 #include "sky/mSkySat.h"
 
 #include <cfenv>
+#include <cmath>
 #include <limits>
 #include <utility>
+#include <vector>
 
 #include "tests/fakes/FoundPass.h"
 #include "tests/sky/SkyFixture.h"
