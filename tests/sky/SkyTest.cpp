@@ -292,6 +292,7 @@ TEST_F(TransitTest, TrackIsDrawnOnThePersistentLayerWithItsTimes) {
                               static_cast<double>(view.Track.Points[3].Y)),
             3);
   EXPECT_FALSE(NearestTrackPoint(view.Track, view.Box, 500, 0));
+  EXPECT_FALSE(NearestTrackPoint(view.Track, {}, 101, 0)) << "beside a view of 400 units";
 }
 
 }  // namespace
