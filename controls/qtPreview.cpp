@@ -1,11 +1,16 @@
 #include "controls/qtPreview.h"
 
+#include <QGraphicsRectItem>
+#include <QGraphicsScene>
+#include <QGraphicsView>
 #include <QHBoxLayout>
+#include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <utility>
 
 #include "controls/qtIcons.h"
+#include "controls/qtLook.h"
 #include "controls/qtPrint.h"
 #include "shell/base/qtForms.h"
 
@@ -15,6 +20,17 @@ namespace {
 
 constexpr const char* section = "frmPreview";
 constexpr int firstWidth = 820, firstHeight = 640;  // logical pixels
+
+/// Lies over the pages at night and leaves only their red: paper is too bright for eyes that are used to the
+/// dark.
+class NightFilter : public QGraphicsRectItem {
+ public:
+  explicit NightFilter(const QRectF& pages) : QGraphicsRectItem(pages) { setPen(Qt::NoPen); }
+  void paint(QPainter* painter, const QStyleOptionGraphicsItem* /*option*/, QWidget* /*widget*/) override {
+    painter->setCompositionMode(QPainter::CompositionMode_Multiply);
+    painter->fillRect(rect(), QColor(255, 0, 0));
+  }
+};
 
 }  // namespace
 
@@ -28,6 +44,7 @@ frmPreview::frmPreview(QWidget* parent, QPrinter& printer, const QString& title,
   view_->setAccessibleName(windowTitle());
   connect(view_, &QPrintPreviewWidget::paintRequested, this, [this](QPrinter* page) { paint_(*page); });
   connect(view_, &QPrintPreviewWidget::previewChanged, this, &frmPreview::ShowPage);
+  connect(view_, &QPrintPreviewWidget::previewChanged, this, &frmPreview::FollowNight);
   auto* const rows = new QVBoxLayout(this);
   rows->setContentsMargins(12, 12, 12, 12);
   rows->setSpacing(8);
@@ -36,6 +53,23 @@ frmPreview::frmPreview(QWidget* parent, QPrinter& printer, const QString& title,
   rows->addLayout(MakeLastRow());
   resize(firstWidth, firstHeight);
   view_->setFocus();
+}
+
+void frmPreview::FollowNight() {
+  QGraphicsScene* const pages = view_->findChild<QGraphicsView*>()->scene();
+  const bool night = IsNight(palette());
+  pages->setBackgroundBrush(night ? palette().color(QPalette::Shadow) : QColor(Qt::gray));
+  for (QGraphicsItem* const item : pages->items())
+    if (dynamic_cast<NightFilter*>(item) != nullptr) delete item;
+  if (!night) return;
+  auto* const filter = new NightFilter(pages->sceneRect());
+  filter->setZValue(1);  // above the pages
+  pages->addItem(filter);
+}
+
+void frmPreview::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange && view_ != nullptr) FollowNight();
 }
 
 QLayout* frmPreview::MakeCommands() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QPrintPreviewWidget>
@@ -18,10 +19,14 @@ class frmPreview : public QDialog {
   /// a printer, and closes the window when all has been printed.
   frmPreview(QWidget* parent, QPrinter& printer, const QString& title, std::function<bool(QPrinter&)> paint);
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
   QLayout* MakeCommands();
   QLayout* MakeLastRow();
   QToolButton* MakeButton(const char* name, const char* icon, const char* key, void (frmPreview::*clicked)());
+  void FollowNight();
   void ShowPage();
   void Turn(int pages);
   void cmdPrecedente_Click() { Turn(-1); }
@@ -32,7 +37,7 @@ class frmPreview : public QDialog {
 
   QPrinter& printer_;
   std::function<bool(QPrinter&)> paint_;
-  QPrintPreviewWidget* view_;
+  QPrintPreviewWidget* view_ = nullptr;
   QLabel* lblPagina_;
   QToolButton *cmdPrecedente_, *cmdSuccessiva_;
 };

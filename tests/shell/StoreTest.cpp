@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "astro/mConv.h"
 #include "shell/base/mReg.h"
 #include "tests/fakes/FakePlatform.h"

@@ -15,6 +15,8 @@
 #include "controls/qtDataBox.h"
 #include "controls/qtLook.h"
 #include "controls/qtNightCaret.h"
+#include "controls/qtPreview.h"
+#include "controls/qtPrint.h"
 #include "controls/qtTrasp.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mLang.h"
@@ -95,6 +97,11 @@ TEST_F(NightTest, FieldsWithACursorAndTheToolkitsFileDialogAreRedToo) {
   combo.setObjectName(QStringLiteral("combo"));
   combo.setEditable(true);
   QWidget* const shown[] = {&dialog, &text, &combo};
+  frmPreview preview(window_.get(), ThePrinter(), QStringLiteral("rows"),
+                     [](QPrinter& printer) { return PrintRows(printer, {QStringLiteral("row")}); });
+  preview.show();
+  ExpectRed(&preview);
+  preview.close();
   for (QWidget* const window : shown) {
     window->show();
     window->activateWindow();
