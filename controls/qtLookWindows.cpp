@@ -53,9 +53,12 @@ void LookStyle::DrawGroup(const QStyleOptionGroupBox& group, QPainter* painter, 
   QFont font(painter->font());
   font.setBold(true);
   painter->setFont(font);
-  drawItemText(painter, subControlRect(CC_GroupBox, &group, SC_GroupBoxLabel, widget),
-               Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, group.palette,
-               Has(group, State_Enabled), group.text, QPalette::WindowText);
+  // a title that is wider than its frame, such as a path, shows its middle as dots
+  const QRect title = subControlRect(CC_GroupBox, &group, SC_GroupBoxLabel, widget) & group.rect;
+  const QString text =
+      painter->fontMetrics().elidedText(group.text, Qt::ElideMiddle, title.width(), Qt::TextShowMnemonic);
+  drawItemText(painter, title, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, group.palette,
+               Has(group, State_Enabled), text, QPalette::WindowText);
 }
 
 namespace {

@@ -375,6 +375,7 @@ void MDIForm1::MapCoordinates() {
 }
 
 void MDIForm1::MapTerminator() {
+  if (!IsFormLoaded("frmWorldMap")) return;
   if (!IsChecked("mnuWorldmapTerminatore")) SetChecked("mnuWorldmapOmbra", false);
   MapRedraw();
 }

@@ -18,7 +18,8 @@ Platform* thePlatform = nullptr;
 
 [[noreturn]] void FailWriting(const std::string& path, int error, const std::string& temporary) {
   if (!temporary.empty()) std::remove(temporary.c_str());
-  throw FileFailure("file " + path + " could not be written: " + std::strerror(error));
+  throw WriteFailure("file " + path + " could not be written: " + std::strerror(error), error,
+                     !temporary.empty());
 }
 
 }  // namespace

@@ -77,18 +77,25 @@ TEST_F(StoreTest, ANumberTypeIsNoText) {
 TEST_F(StoreTest, AStoreThatCannotBeWrittenTellsAndKeepsTheOldOne) {
   SaveRegistryString("Halvorine", "Generali", "Lingua", "English.ini");
   platform_.refuseWriting = true;
-  EXPECT_THROW(SaveRegistryString("Halvorine", "Generali", "Lingua", "Italiano.ini"), SettingsFailure);
+  const auto expectFailure = [](const char* text, int error) {
+    try {
+      SaveRegistryString("Halvorine", "Generali", "Lingua", "Italiano.ini");
+      FAIL();
+    } catch (const SettingsFailure& failure) {
+      EXPECT_STREQ(failure.what(), text);
+      EXPECT_EQ(failure.Code, 0x800407D0U + static_cast<std::uint32_t>(error));
+    }
+  };
+  expectFailure("Could not set key value", ENOSPC);
   EXPECT_EQ(GetRegistryString("Halvorine", "Generali", "Lingua", ""), "English.ini");
   platform_.refuseWriting = false;
   platform_.settingsFile = folder_.SettingsFile() + "/below/a/file.txt";
   ForgetSettings();
-  try {
-    SaveRegistryString("Halvorine", "Generali", "Lingua", "Italiano.ini");
-    FAIL();
-  } catch (const SettingsFailure& failure) {
-    EXPECT_STREQ(failure.what(), "Could not open/create registry section");
-    EXPECT_EQ(failure.Code, 0x800407D0U + ENOTDIR);
-  }
+  expectFailure("Could not open/create registry section", ENOTDIR);
+  // what is there and cannot be read
+  platform_.settingsFile = folder_.Path("");
+  ForgetSettings();
+  expectFailure("Could not open/create registry section", EIO);
 }
 
 TEST_F(StoreTest, AnEmptyStoreGivesTheDefaults) {
