@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "astro/mConv.h"
 #include "shell/base/mReg.h"
 #include "tests/fakes/FakePlatform.h"
@@ -47,6 +49,9 @@ TEST_F(StoreTest, EmptyNamesAreRefusedInOrderWithTheirCodes) {
 }
 
 TEST_F(StoreTest, ValuesComeBackWholeFromDisk) {
+  namespace fs = std::filesystem;
+  SaveRegistryString("Halvorine", "Generali", "Lingua", "English.ini");
+  fs::permissions(folder_.SettingsFile(), fs::perms::owner_read | fs::perms::owner_write);
   const char* const values[] = {"",       "plain",         "with = and \"quotes\" and \\ too", "line\r\nend",
                                 "[head]", "M\xC3\xBCnchen"};
   for (const char* const value : values) {
@@ -56,6 +61,7 @@ TEST_F(StoreTest, ValuesComeBackWholeFromDisk) {
   }
   EXPECT_EQ(GetRegistryString("Halvorine", "Cielo locale", " Griglia 10", "default"), "default")
       << "a key is taken as given";
+  EXPECT_EQ(fs::status(folder_.SettingsFile()).permissions(), fs::perms::owner_read | fs::perms::owner_write);
 }
 
 TEST_F(StoreTest, ANumberTypeIsNoText) {
