@@ -107,8 +107,8 @@ void frmFile::Stampa() {
   QPrinter& printer = ThePrinter();
   const QPointer<frmFile> self(this);
   if (!AskPrinter(printer, this, txtFile_->textCursor().hasSelection()) || self == nullptr) return;
-  PrintWhole(printer, [this](QPrinter& page) {
-    txtFile_->print(&page);
+  PaintOn(printer, [this](QPrinter& printed) {
+    txtFile_->print(&printed);
     return true;
   });
 }

@@ -235,10 +235,12 @@ void LookStyle::DrawScrollBar(const QStyleOptionSlider& bar, QPainter* painter, 
 void LookStyle::DrawTitleBar(const QStyleOptionTitleBar& bar, QPainter* painter,
                              const QWidget* widget) const {
   const PainterHold hold(painter);
-  const LookColours colours = ColoursOf(bar.palette);
+  // the palette of the bar is the one of the time when its window was made
+  const QPalette palette = widget != nullptr ? widget->palette() : bar.palette;
+  const LookColours colours = ColoursOf(palette);
   const bool active = (bar.titleBarState & Qt::WindowActive) != 0 || Has(bar, State_Active);
   painter->fillRect(bar.rect, active ? colours.Caption : colours.InactiveCaption);
-  if (IsNight(bar.palette))
+  if (IsNight(palette))
     DrawBox(painter, bar.rect, QColor(), active ? colours.Caption : colours.InactiveWindowFrame, 1, 0);
   const QColor text = active ? colours.CaptionText : colours.InactiveCaptionText;
   const auto place = [this, &bar, widget](SubControl part) {

@@ -135,6 +135,7 @@ namespace {
 
 /// Whether a file can be made where the printer is to write one; the window system says so only in its log.
 bool CanBegin(const QPrinter& target) {
+  if (target.outputFormat() != QPrinter::PdfFormat) return true;
   const QFileInfo file(target.outputFileName());
   if (file.fileName().isEmpty() || file.isDir()) return false;
   return file.exists() ? file.isWritable() : QFileInfo(file.absolutePath()).isWritable();
@@ -142,6 +143,7 @@ bool CanBegin(const QPrinter& target) {
 
 /// Whether the file that was to be written is there to its end: a full disk is not told by the printer.
 bool IsWhole(const QPrinter& target) {
+  if (target.outputFormat() != QPrinter::PdfFormat) return true;
   if (!QFileInfo(target.outputFileName()).isFile()) return false;
   QFile file(target.outputFileName());
   constexpr qint64 tail = 64;
@@ -180,26 +182,24 @@ void Preview(QWidget* parent, const QString& title, const std::function<bool(QPr
 
 }  // namespace
 
-bool PrintWhole(QPrinter& target, const std::function<bool(QPrinter&)>& paint) {
+bool PaintOn(QPrinter& target, const std::function<bool(QPrinter&)>& paint) {
   if (target.outputFormat() != QPrinter::PdfFormat) return paint(target);
-  if (!CanBegin(target)) return false;
-  // a printer of its own for each file: one that has failed once writes nothing ever after
-  QPrinter file(QPrinter::HighResolution);
-  file.setOutputFormat(QPrinter::PdfFormat);
-  file.setOutputFileName(target.outputFileName());
-  file.setResolution(target.resolution());
-  file.setColorMode(target.colorMode());
-  file.setPageLayout(target.pageLayout());
-  file.setFromTo(target.fromPage(), target.toPage());
-  file.setPrintRange(target.printRange());
-  return paint(file) && IsWhole(file);
+  QPrinter own(QPrinter::HighResolution);
+  own.setOutputFormat(QPrinter::PdfFormat);
+  own.setOutputFileName(target.outputFileName());
+  own.setPageLayout(target.pageLayout());
+  own.setResolution(target.resolution());
+  own.setColorMode(target.colorMode());
+  own.setPrintRange(target.printRange());
+  own.setFromTo(target.fromPage(), target.toPage());
+  return paint(own);
 }
 
 bool PrintAsked(QPrinter& target, QWidget* parent, const std::function<bool(QPrinter&)>& paint) {
   target.setFromTo(0, 0);
   const QPointer<QWidget> alive(parent);
   const bool asked = AskPrinter(target, parent);
-  const bool done = asked && PrintWhole(target, paint);
+  const bool done = asked && CanBegin(target) && PaintOn(target, paint) && IsWhole(target);
   target.setFromTo(0, 0);
   if (asked && !done) Tell(MessageKind::Warning, LookupText("frmPreview", "nonstampato"));
   return done && (parent == nullptr || alive != nullptr);

@@ -10,8 +10,6 @@
 namespace halvorine {
 namespace {
 
-const char* const languages[] = {"English.ini", "Italiano.ini", "Deutsch.ini", "Français.ini", "Español.ini"};
-
 TEST_F(DatabaseTest, OpensEmptyWithWhatCannotBeDoneDisabled) {
   const frmDatabase& window = Open();
   for (const int index : {0, 1}) {

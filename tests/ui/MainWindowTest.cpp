@@ -291,8 +291,10 @@ TEST_F(MainWindowTest, AnotherPrincipalEndsTheTransitDisplayAndReleasesItsButton
 
 TEST_F(MainWindowTest, AnExitDuringALongOperationCancelsItAndComesBack) {
   Start();
+  CancelRequested = true;  // when nothing ran
   {
     const LongOperation operation;
+    EXPECT_FALSE(CancelRequested);
     window_->close();
     EXPECT_TRUE(window_->isVisible());
     EXPECT_TRUE(CancelRequested);

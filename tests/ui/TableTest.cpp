@@ -240,7 +240,7 @@ TEST_F(TableTest, PagesAreLaidSidewaysNumberedAndEndWithThePlace) {
   const QString path = ToQ(folder_.Path("table.pdf"));
   PrintTo(path, true);
   // the preview waits in a loop of its own
-  QTimer::singleShot(0, window_.get(), [this] {
+  QTimer::singleShot(0, window_.get(), [] {
     auto* const preview = qobject_cast<frmPreview*>(QApplication::activeModalWidget());
     ASSERT_NE(preview, nullptr);
     QCoreApplication::processEvents();
@@ -280,10 +280,6 @@ TEST_F(TableTest, PrinterThatFailsIsToldAndACancelIsNot) {
     Details()->Stampa();
     EXPECT_EQ(LastText(), LookupText("frmPreview", "nonstampato")) << path.toStdString();
   }
-  platform_.messages.clear();
-  PrintTo(ToQ(folder_.Path("whole.pdf")));
-  Details()->Stampa();
-  EXPECT_TRUE(platform_.messages.empty()) << "a file that failed leaves the next one alone";
 }
 
 TEST_F(TableTest, CancelsAndClosedWindowsEndATableAndRestoreTheClock) {
