@@ -4,7 +4,6 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -102,7 +101,6 @@ QWidget* frmRiseSet::MakeDate() {
   DTPicker1_->setDisplayFormat(QStringLiteral("dd MMM yyyy"));
   DTPicker1_->setCalendarPopup(true);
   DTPicker1_->setDateTime(DateTimeOf(CurrentDate));
-  if (auto* const line = DTPicker1_->findChild<QLineEdit*>()) line->setTextMargins(4, 0, 0, 0);
   DressCalendar(*DTPicker1_->calendarWidget());
   DTPicker1_->setAccessibleName(windowTitle());
   struct Step {

@@ -21,28 +21,10 @@ constexpr const char* section = "frmDatabase";
 constexpr int helpTopic = 80;
 constexpr int activeWidth = 290;  // logical pixels, at the first size of the window
 
-/// A label that shows the middle of a long path as dots and the whole of it as tooltip.
-class PathLabel : public QLabel {
+/// A frame whose caption, the path of a file, does not widen it: the style shows the middle of it as dots.
+class PathFrame : public QGroupBox {
  public:
-  PathLabel() {
-    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    setTextFormat(Qt::PlainText);
-  }
-  void SetPath(const QString& path) {
-    path_ = path.isEmpty() ? QStringLiteral("-") : path;
-    setToolTip(path);
-    Elide();
-  }
-
- protected:
-  void resizeEvent(QResizeEvent* event) override {
-    QLabel::resizeEvent(event);
-    Elide();
-  }
-
- private:
-  void Elide() { setText(fontMetrics().elidedText(path_, Qt::ElideMiddle, width())); }
-  QString path_;
+  QSize minimumSizeHint() const override { return QWidget::minimumSizeHint(); }
 };
 
 QLabel* Caption(const QString& text) {
@@ -181,7 +163,7 @@ QWidget* frmDatabase::MakeList(int index) {
 
 QWidget* frmDatabase::MakeStatistics(int index) {
   Tab& tab = TabOf(index);
-  tab.frame = Named(new QGroupBox(), index == Primary ? "fraDBPrincipale" : "fraDBSecondario");
+  tab.frame = Named(new PathFrame(), index == Primary ? "fraDBPrincipale" : "fraDBSecondario");
   auto* const grid = new QGridLayout(tab.frame);
   grid->setContentsMargins(12, 8, 12, 8);
   grid->setHorizontalSpacing(8);
@@ -189,8 +171,6 @@ QWidget* frmDatabase::MakeStatistics(int index) {
   grid->setColumnStretch(1, 1);
   grid->setColumnMinimumWidth(2, 8);
   grid->setColumnStretch(4, 1);
-  tab.path = Named(new PathLabel(), "lblPercorso", index);
-  grid->addWidget(tab.path, 0, 0, 1, 5);
   struct Row {
     const char *name, *key;
     QLabel** label;
@@ -324,14 +304,14 @@ void frmDatabase::ShowStatistics(int index) {
   tab.mean->setText(ToQ(texts.Media));
   tab.magnitudes->setText(ToQ(texts.NumeroMagnitudini));
   const QString path = ToQ(DatabaseStats[static_cast<std::size_t>(index)].path);
-  static_cast<PathLabel*>(tab.path)->SetPath(path);
+  tab.frame->setTitle(QString(path).replace(QLatin1Char('&'), QLatin1String("&&")));
   tab.frame->setToolTip(path);
   tab.frame->setAccessibleName(path);
 }
 
 void frmDatabase::ShowActive() {
   activeModel_->SetRows(ActiveRows);
-  activeCount_->setText(QStringLiteral("%1 / %2").arg(ActiveCount).arg(MaxActive));
+  activeCount_->setText(QString::number(ActiveCount));
   if (ActiveCount == 0)
     for (const Tab& tab : tabs_) tab.remove->setEnabled(false);
 }

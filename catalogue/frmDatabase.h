@@ -39,8 +39,8 @@ class frmDatabase : public ChildForm, public DatabaseCalls {
     DatabaseModel* model = nullptr;
     QComboBox* sort = nullptr;
     GraphButton *add = nullptr, *remove = nullptr, *visible = nullptr;
-    QLabel *path = nullptr, *loaded = nullptr, *oldest = nullptr, *newest = nullptr, *mean = nullptr,
-           *magnitudes = nullptr, *selected = nullptr;
+    QLabel *loaded = nullptr, *oldest = nullptr, *newest = nullptr, *mean = nullptr, *magnitudes = nullptr,
+           *selected = nullptr;
     QGroupBox* frame = nullptr;
   };
 

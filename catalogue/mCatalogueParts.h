@@ -35,7 +35,7 @@ struct ActiveRebuild {
 };
 
 /// Fills the active list with the entries of the primary database that have the numbers of the old one, in
-/// old order, each as often as the file has it, up to 200.
+/// old order, each as often as the file has it, up to 200. ActiveCount stays as it was.
 ActiveRebuild RebuildActiveList();
 
 }  // namespace halvorine

@@ -129,12 +129,21 @@ void TellBadFormat() {
                                  LookupText("frmDatabase", "funzioneriparazione"));
 }
 
+/// Tells what became of the active list, which takes its new length behind the first message.
 void TellRebuild(const ActiveRebuild& rebuild) {
   if (rebuild.oldCount >= 1)
     Tell(MessageKind::Information,
          LookupText("frmDatabase", "databasecontiene") + " " + std::to_string(rebuild.matched) + " " +
              LookupText("frmDatabase", "su") + " " + std::to_string(rebuild.oldCount) + " " +
              LookupText("frmDatabase", "satellitipreimpostati"));
+  if (rebuild.oldCount != rebuild.matched) {
+    ActiveCount = ToInt16(rebuild.matched);
+    for (int slot = rebuild.matched + 1; slot <= ScratchSlot; ++slot) {
+      Azzera_Satelement(slot);
+      Azzera_Valori(slot);
+    }
+  }
+  BlankWhenEmpty();
   if (!rebuild.principalFound && ActiveCount > 0)
     Tell(MessageKind::Information, LookupText("frmDatabase", "satellitenondisponibile"));
 }
@@ -150,7 +159,6 @@ bool ReadText(int index, const std::string& path, std::string text, LongOperatio
     const ActiveRebuild rebuild = index == Primary ? RebuildActiveList() : ActiveRebuild();
     operation.CloseProgress();
     if (index == Primary) {
-      BlankWhenEmpty();
       TellRebuild(rebuild);
       ShowPrincipalName();
     }
@@ -230,13 +238,6 @@ ActiveRebuild RebuildActiveList() {
       DecodeInto(++rebuild.matched, entry);
       ActiveRows.emplace_back(Trimmed(entry.name));
     }
-  if (rebuild.oldCount != rebuild.matched) {
-    ActiveCount = ToInt16(rebuild.matched);
-    for (int slot = rebuild.matched + 1; slot <= ScratchSlot; ++slot) {
-      Azzera_Satelement(slot);
-      Azzera_Valori(slot);
-    }
-  }
   return rebuild;
 }
 

@@ -24,7 +24,7 @@ void ReadMagnitudes(std::string_view text) {
   std::map<std::size_t, std::string> rows;
   std::size_t size = 0;
   ItemReader items(text);
-  while (!items.AtEnd()) {
+  while (!items.AtBlankLine()) {  // whose first item is empty, which ends the table
     const std::string field = items.Text();
     if (field.empty()) break;
     const int number = ToInt32(ParseStrict(field));
@@ -42,7 +42,7 @@ void ReadMagnitudes(std::string_view text) {
 void ReadFrequencies(std::string_view text) {
   std::vector<FrequencyRow> table;
   ItemReader items(text);
-  while (!items.AtEnd()) {
+  while (!items.AtBlankLine()) {  // whose first item is empty, which ends the table
     FrequencyRow row;
     row.catalogueNumber = items.Text();
     if (row.catalogueNumber.empty()) break;

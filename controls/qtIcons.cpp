@@ -28,15 +28,18 @@ void HaveResources() {
   static_cast<void>(once);
 }
 
-QString FileOf(const QString& name, bool twice) {
-  return QStringLiteral(":/icons/") + name + (twice ? QStringLiteral("@2x.png") : QStringLiteral(".png"));
+QString FileOf(const QString& name, const char* size) {
+  return QStringLiteral(":/icons/") + name + QLatin1String(size) + QStringLiteral(".png");
 }
 
-/// The picture scaled to pixels of the device; from the larger one unless the smaller one fits exactly.
+/// The picture scaled to pixels of the device, from the smallest that has them; few are there four times as
+/// large.
 QImage LoadImage(const QString& name, int pixels) {
   HaveResources();
-  QImage image(FileOf(name, pixels != iconSize));
-  if (image.isNull()) image = QImage(FileOf(name, false));
+  QImage image;
+  if (pixels > 2 * iconSize) image = QImage(FileOf(name, "@4x"));
+  if (image.isNull()) image = QImage(FileOf(name, pixels == iconSize ? "" : "@2x"));
+  if (image.isNull()) image = QImage(FileOf(name, ""));
   if (image.isNull() || image.width() == pixels) return image;
   return image.scaled(pixels, pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
@@ -174,7 +177,7 @@ QString SecondKey(int number) { return QStringLiteral("s%1").arg(number); }
 QIcon Icon(const char* name) {
   HaveResources();
   const QString text = QString::fromLatin1(name);
-  return QFile::exists(FileOf(text, false)) ? QIcon(new LookIconEngine(text)) : QIcon();
+  return QFile::exists(FileOf(text, "")) ? QIcon(new LookIconEngine(text)) : QIcon();
 }
 
 QIcon ArrowIcon(Qt::ArrowType direction) { return QIcon(new ArrowEngine(direction)); }

@@ -1,6 +1,7 @@
 #include "controls/qtLookStyle.h"
 
 #include <QAbstractItemView>
+#include <QAbstractSpinBox>
 #include <QToolBar>
 #include <algorithm>
 #include <iterator>
@@ -13,6 +14,7 @@ namespace halvorine {
 namespace {
 
 constexpr int titleButtonWidth = 22, scrollThumbMinimum = 24, westTabHeight = 28;
+constexpr int fieldMargin = 3;  // logical pixels between the edge of a field and its text, beyond the usual
 
 QFont Bold(const QFont& font) {
   QFont bold(font);
@@ -176,7 +178,14 @@ LookStyle::LookStyle() : QProxyStyle(QStringLiteral("fusion")) {}
 
 QRect LookStyle::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const {
   if (element == SE_TabBarTabText && IsWest(option)) return option->rect.adjusted(10, 0, -10, 0);
-  return QProxyStyle::subElementRect(element, option, widget);
+  const QRect told = QProxyStyle::subElementRect(element, option, widget);
+  if (const auto* const field = qstyleoption_cast<const QStyleOptionFrame*>(option);
+      element == SE_LineEditContents && field != nullptr && field->lineWidth > 0 && widget != nullptr) {
+    const bool ofSpinBox = qobject_cast<const QAbstractSpinBox*>(widget->parentWidget()) != nullptr;
+    return ofSpinBox ? told.adjusted(fieldMargin + 1, 0, 0, 0)
+                     : told.adjusted(fieldMargin, 0, -fieldMargin, 0);
+  }
+  return told;
 }
 
 QRect LookStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
@@ -190,7 +199,11 @@ QRect LookStyle::subControlRect(ComplexControl control, const QStyleOptionComple
   if (const auto* const title = qstyleoption_cast<const QStyleOptionTitleBar*>(option);
       control == CC_TitleBar && title != nullptr)
     return TitlePart(*title, part);
-  return QProxyStyle::subControlRect(control, option, part, widget);
+  const QRect told = QProxyStyle::subControlRect(control, option, part, widget);
+  if (const auto* const box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+      control == CC_ComboBox && part == SC_ComboBoxEditField && box != nullptr)
+    return told.adjusted(box->editable ? fieldMargin + 1 : fieldMargin, 0, 0, 0);
+  return told;
 }
 
 QSize LookStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
@@ -222,7 +235,7 @@ QSize LookStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
       return size + QSize(6, 6);
     case CT_LineEdit:
     case CT_ComboBox:
-      return {told.width(), std::max(size.height() + 6, 26)};
+      return {told.width() + 2 * fieldMargin, std::max(size.height() + 6, 26)};
     case CT_SpinBox:  // the size of the line inside, which has its edges already
       return {told.width(), std::max(size.height(), 26)};
     case CT_HeaderSection:

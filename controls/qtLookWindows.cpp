@@ -53,9 +53,12 @@ void LookStyle::DrawGroup(const QStyleOptionGroupBox& group, QPainter* painter, 
   QFont font(painter->font());
   font.setBold(true);
   painter->setFont(font);
-  drawItemText(painter, subControlRect(CC_GroupBox, &group, SC_GroupBoxLabel, widget),
-               Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, group.palette,
-               Has(group, State_Enabled), group.text, QPalette::WindowText);
+  // a title that is wider than its frame, such as a path, shows its middle as dots
+  const QRect title = subControlRect(CC_GroupBox, &group, SC_GroupBoxLabel, widget) & group.rect;
+  const QString text =
+      painter->fontMetrics().elidedText(group.text, Qt::ElideMiddle, title.width(), Qt::TextShowMnemonic);
+  drawItemText(painter, title, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, group.palette,
+               Has(group, State_Enabled), text, QPalette::WindowText);
 }
 
 namespace {
@@ -232,10 +235,12 @@ void LookStyle::DrawScrollBar(const QStyleOptionSlider& bar, QPainter* painter, 
 void LookStyle::DrawTitleBar(const QStyleOptionTitleBar& bar, QPainter* painter,
                              const QWidget* widget) const {
   const PainterHold hold(painter);
-  const LookColours colours = ColoursOf(bar.palette);
+  // the palette of the bar is the one of the time when its window was made
+  const QPalette palette = widget != nullptr ? widget->palette() : bar.palette;
+  const LookColours colours = ColoursOf(palette);
   const bool active = (bar.titleBarState & Qt::WindowActive) != 0 || Has(bar, State_Active);
   painter->fillRect(bar.rect, active ? colours.Caption : colours.InactiveCaption);
-  if (IsNight(bar.palette))
+  if (IsNight(palette))
     DrawBox(painter, bar.rect, QColor(), active ? colours.Caption : colours.InactiveWindowFrame, 1, 0);
   const QColor text = active ? colours.CaptionText : colours.InactiveCaptionText;
   const auto place = [this, &bar, widget](SubControl part) {

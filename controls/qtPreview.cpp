@@ -1,12 +1,17 @@
 #include "controls/qtPreview.h"
 
+#include <QEvent>
+#include <QGraphicsEffect>
+#include <QGraphicsView>
 #include <QHBoxLayout>
+#include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <utility>
 
 #include "controls/qtIcons.h"
 #include "controls/qtPrint.h"
+#include "shell/base/mGlobal.h"
 #include "shell/base/qtForms.h"
 
 namespace halvorine {
@@ -15,6 +20,30 @@ namespace {
 
 constexpr const char* section = "frmPreview";
 constexpr int firstWidth = 820, firstHeight = 640;  // logical pixels
+constexpr double paperDimming = 0.35;  // taken off the white paper before it turns red, as off photographs
+
+/// Pages as they are looked at at night; those that are printed stay as they are.
+class NightPages : public QGraphicsEffect {
+ public:
+  using QGraphicsEffect::QGraphicsEffect;
+
+ protected:
+  void draw(QPainter* painter) override {
+    QPoint place;
+    // in greys first: a red line would become as light as the paper
+    QImage pages =
+        sourcePixmap(Qt::LogicalCoordinates, &place).toImage().convertToFormat(QImage::Format_Grayscale8);
+    const double ratio = pages.devicePixelRatio();
+    pages.setDevicePixelRatio(1);
+    QPainter dimmer(&pages);
+    dimmer.setOpacity(paperDimming);
+    dimmer.fillRect(pages.rect(), Qt::black);
+    dimmer.end();
+    pages = NightMapImage(pages);
+    pages.setDevicePixelRatio(ratio);
+    painter->drawImage(place, pages);
+  }
+};
 
 }  // namespace
 
@@ -36,6 +65,16 @@ frmPreview::frmPreview(QWidget* parent, QPrinter& printer, const QString& title,
   rows->addLayout(MakeLastRow());
   resize(firstWidth, firstHeight);
   view_->setFocus();
+  if (auto* const shown = view_->findChild<QGraphicsView*>()) {
+    shown->setViewportUpdateMode(QGraphicsView::FullViewportUpdate);
+    shown->viewport()->setGraphicsEffect(night_ = new NightPages(this));
+    night_->setEnabled(NightColoursActive);
+  }
+}
+
+void frmPreview::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange && night_ != nullptr) night_->setEnabled(NightColoursActive);
 }
 
 QLayout* frmPreview::MakeCommands() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QGraphicsEffect>
 #include <QLabel>
 #include <QLayout>
 #include <QPrintPreviewWidget>
@@ -18,6 +19,9 @@ class frmPreview : public QDialog {
   /// a printer, and closes the window when all has been printed.
   frmPreview(QWidget* parent, QPrinter& printer, const QString& title, std::function<bool(QPrinter&)> paint);
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
   QLayout* MakeCommands();
   QLayout* MakeLastRow();
@@ -33,6 +37,7 @@ class frmPreview : public QDialog {
   QPrinter& printer_;
   std::function<bool(QPrinter&)> paint_;
   QPrintPreviewWidget* view_;
+  QGraphicsEffect* night_ = nullptr;  // of the pages
   QLabel* lblPagina_;
   QToolButton *cmdPrecedente_, *cmdSuccessiva_;
 };

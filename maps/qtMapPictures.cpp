@@ -7,12 +7,11 @@
 namespace halvorine {
 
 const DrawPicture& QtMapPictures::MapFile(std::string_view name) {
-  // only the picture in use keeps its copy in the size of the window
-  for (const std::pair<const std::string, QtPicture>& file : files_)
-    if (file.first != name) file.second.ForgetDrawn();
-  const std::map<std::string, QtPicture, std::less<>>::iterator found = files_.find(name);
-  if (found != files_.end()) return found->second;
-  return files_.emplace(std::string(name), QtPicture::Photograph(ToQ(FindProgramFile(name)))).first->second;
+  if (name != fileName_) {
+    fileName_ = name;
+    file_ = QtPicture::Photograph(ToQ(FindProgramFile(name)));
+  }
+  return file_;
 }
 
 const DrawPicture& QtMapPictures::Icon(IconList list, int number) {

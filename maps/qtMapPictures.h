@@ -1,5 +1,5 @@
-// The pictures of the world map: files of the program folder, decoded once, and icons by their agreed
-// numbers.
+// The pictures of the world map: the file of the program folder that is in use, for a globe takes five MiB and
+// a day of the principal satellite shows them all, and icons by their agreed numbers.
 #pragma once
 
 #include <map>
@@ -17,7 +17,8 @@ class QtMapPictures : public MapPictures {
   const DrawPicture& Icon(IconList list, int number) override;
 
  private:
-  std::map<std::string, QtPicture, std::less<>> files_;
+  std::string fileName_;
+  QtPicture file_;
   std::map<std::pair<IconList, int>, QtPicture> icons_;
 };
 

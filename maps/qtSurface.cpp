@@ -40,7 +40,8 @@ QPen ToQPen(const DrawStroke& stroke, double widthAdded = 0) {
               stroke.Kind == LineKind::Dashed ? Qt::DashLine : Qt::SolidLine, Qt::FlatCap, Qt::BevelJoin);
 }
 
-/// A line along an axis without smoothing, one device pixel sharp: its centre lies on pixel centres.
+/// A line along an axis without smoothing, whole pixels of the device wide, so that all of them are equally
+/// strong at any ratio of device to logical pixels.
 void DrawPlainLine(QPainter& painter, const QPointF& a, const QPointF& b, const DrawStroke& stroke) {
   const bool upright = std::abs(a.x() - b.x()) < axisParallel;
   const bool level = std::abs(a.y() - b.y()) < axisParallel;
@@ -51,9 +52,14 @@ void DrawPlainLine(QPainter& painter, const QPointF& a, const QPointF& b, const 
     painter.drawLine(a, b);
     return;
   }
-  pen.setCapStyle(Qt::FlatCap);
+  const double ratio = painter.device()->devicePixelRatioF();
+  const double width = std::max(1.0, std::floor(stroke.Width * ratio));  // device pixels
+  const auto centred = [ratio, width](double at) {
+    return (std::floor(at * ratio - (width - 1) / 2) + width / 2) / ratio;
+  };
+  pen.setWidthF(width / ratio);
   painter.setPen(pen);
-  const double x = std::floor(a.x()) + 0.5, y = std::floor(a.y()) + 0.5;
+  const double x = centred(a.x()), y = centred(a.y());
   painter.drawLine(upright ? QPointF(x, a.y()) : QPointF(a.x(), y),
                    upright ? QPointF(x, b.y()) : QPointF(b.x(), y));
 }
@@ -128,7 +134,11 @@ void PixmapSurface::DeviceClear(DrawLayer layer, Colour background) {
 
 void PixmapSurface::DeviceLine(DeviceSpot from, DeviceSpot to, const DrawStroke& stroke) {
   if (shading_) return AddShadeLine(from, to);
-  if (curving_) return curve_.push_back({Pixels(from), Pixels(to), stroke});
+  if (curving_) {
+    // a piece without length would show as a square
+    if (from.X != to.X || from.Y != to.Y) curve_.push_back({Pixels(from), Pixels(to), stroke});
+    return;
+  }
   if (Target().isNull()) return;
   DrawPlainLine(OpenPainter(false), Pixels(from), Pixels(to), stroke);
   const double room = stroke.Width + 1;

@@ -43,7 +43,6 @@ class QtPicture : public DrawPicture {
   const QImage& Drawn(QSize devicePixels, bool night) const;
   /// The picture in its natural size, in night colours where told. The last one is kept.
   const QImage& Whole(bool night) const;
-  void ForgetDrawn() const { drawn_ = QImage(); }
 
  private:
   QImage Coloured(QImage image, bool night) const;

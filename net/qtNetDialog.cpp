@@ -78,7 +78,6 @@ QComboBox* NetDialog::MakeList(const char* name, const QString& caption) {
   list->setMaxVisibleItems(listedEntries);
   list->setCompleter(nullptr);
   list->lineEdit()->setMaxLength(longestEntry);
-  list->lineEdit()->setTextMargins(4, 0, 0, 0);
   list->setAccessibleName(caption);
   return list;
 }

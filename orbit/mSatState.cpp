@@ -48,8 +48,9 @@ void RotateToEarth(SlotTerms& terms, double julianDay, StateScratchRecord& k) {
   k.d0 = terms.d0;
   k.theta0 = terms.theta0;
   k.theta = earthSpinPerDay * k.dt + k.theta0;
-  k.cosTheta = std::cos(-k.theta);
-  k.sinTheta = std::sin(-k.theta);
+  // of -theta: the cosine is even and the sine odd to the bit, and of one angle both cost as much as one
+  k.cosTheta = std::cos(k.theta);
+  k.sinTheta = -std::sin(k.theta);
   k.position = Turned(k.cosTheta, k.sinTheta, PositionKm);
   k.velocity = Turned(k.cosTheta, k.sinTheta, VelocityKmS);
 }

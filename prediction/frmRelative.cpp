@@ -30,13 +30,7 @@ frmRelative::frmRelative() : TableForm(section) {
   auto* const info = Named(new QLabel(Text("informazione")), "lblInfo");
   info->setWordWrap(true);
   info->setForegroundRole(MutedRole);
-  auto* const left = new QWidget();
-  auto* const rows = new QVBoxLayout(left);
-  rows->setContentsMargins(0, 0, 0, 0);
-  rows->setSpacing(8);
-  rows->addWidget(pages_, 1);
-  rows->addWidget(info);
-  Compose(left, helpTopic);
+  Compose(pages_, helpTopic, info);
   Publish(this);
 }
 

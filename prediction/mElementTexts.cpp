@@ -39,14 +39,6 @@ ElementTexts BlankTexts() {
   return texts;
 }
 
-/// The epoch on the calendar: its day, and the fraction of it as a time of day.
-std::string EpochDate(const ElementSet& set) {
-  const double day = Int(set.EpochDay);
-  const Date date = DateOf(ToInt16(set.EpochYear), 1, 0) + day;
-  return FormatDate(date, "dd mmm yyyy", LanguageDates) + " - " +
-         FormatDate(set.EpochDay - day, "hh:mm:ss", LanguageDates);
-}
-
 /// A catalogue number that is one by its picture, any other as it stands.
 std::string CatalogueNumber(const std::string& number) {
   try {
@@ -93,6 +85,13 @@ void WriteDerived(const ElementSet& set, ElementTexts& texts) {
 }
 
 }  // namespace
+
+std::string EpochDate(const ElementSet& set) {
+  const double day = Int(set.EpochDay);
+  const Date date = DateOf(ToInt16(set.EpochYear), 1, 0) + day;
+  return FormatDate(date, "dd mmm yyyy", LanguageDates) + " - " +
+         FormatDate(set.EpochDay - day, "hh:mm:ss", LanguageDates);
+}
 
 double SemiMajorAxisOf(double meanMotion) {
   const double w = meanMotion * 2 * Pi / 86400;  // radians per second

@@ -24,6 +24,10 @@ ElementTexts ElementTextsOf(int slot);
 /// The slot after a step among the active satellites.
 int MovedSatellite(int slot, TrackMove move);
 
+/// The epoch on the calendar: its day, and the fraction of it as a time of day. OverflowFailure for a year
+/// that no calendar knows.
+std::string EpochDate(const ElementSet& set);
+
 /// Semi-major axis in km of a mean motion in revolutions per day, by Kepler's third law. ArithmeticFailure
 /// for a mean motion of 0.
 double SemiMajorAxisOf(double meanMotion);

@@ -16,7 +16,7 @@ double AngleOf(double cosine);
 double LongitudeApart(double a, double b);
 
 /// Makes the table of the two slots with its head, as MakeTable does. It ends also where either satellite
-/// falls below 98 km. The automatic choice of the step is not meant for it: a step of 0 counts as 60 seconds.
+/// falls below 98 km.
 TableOutcome MakeRelativeTable(const TableRequest& request, TextTable& table, const TableGrowth& grown);
 
 }  // namespace halvorine

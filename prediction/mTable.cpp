@@ -5,6 +5,7 @@
 #include "astro/mAstro.h"
 #include "astro/mMate.h"
 #include "orbit/mSat.h"
+#include "prediction/mElementTexts.h"
 #include "shell/base/mLang.h"
 #include "shell/base/mLongOperation.h"
 #include "shell/base/mPlatform.h"
@@ -150,9 +151,7 @@ void AddSatelliteHead(TextTable& table, const char* key, int slot, std::size_t w
   head.push_back(caption(LookupText(section, key)) + name);
   head.push_back(caption("Norad #") + set.CatalogNumber);
   head.push_back(caption("ID #") + std::string(Columns(ElementLines[slot].line1, 10, 15)));
-  const Date epoch = DateOf(ToInt16(set.EpochYear), 1, 0) + set.EpochDay;
-  head.push_back(caption(LookupText(section, "elementiorbita")) +
-                 FormatDate(epoch, "dd mmm yyyy - hh:mm:ss", LanguageDates) + " UTC");
+  head.push_back(caption(LookupText(section, "elementiorbita")) + EpochDate(set) + " UTC");
 }
 
 TableSatellite::TableSatellite(int slot) : slot_(slot), before_(SatelliteStates[slot]) {}

@@ -4,7 +4,6 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -21,7 +20,7 @@ namespace {
 
 constexpr int mostAmount = 59;
 // logical pixels
-constexpr int formWidth = 540, formHeight = 400, listWidth = 230, textMargin = 4;
+constexpr int formWidth = 540, formHeight = 400, listWidth = 230;
 
 struct CodeChoice {
   const char *name, *key;
@@ -85,7 +84,7 @@ TableForm::TableForm(const char* name) : ChildForm(QString::fromLatin1(name)), s
 
 QString TableForm::Text(const char* key) const { return halvorine::Text(section_, key); }
 
-void TableForm::Compose(QWidget* pages, int helpTopic) {
+void TableForm::Compose(QWidget* pages, int helpTopic, QWidget* note) {
   auto* const right = new QVBoxLayout();
   right->setSpacing(12);
   right->addWidget(MakeSpan());
@@ -99,6 +98,7 @@ void TableForm::Compose(QWidget* pages, int helpTopic) {
   rows->setContentsMargins(12, 12, 12, 12);
   rows->setSpacing(12);
   rows->addLayout(upper, 1);
+  if (note != nullptr) rows->addWidget(note);
   rows->addLayout(MakeLastRow(helpTopic));
   OrderTabs();
   const QSize fitting = sizeHint();
@@ -123,9 +123,7 @@ QWidget* TableForm::MakeSpan() {
   auto* const frame = Named(new QGroupBox(), "fraDurata");
   DTPicker1_ = Named(new QDateTimeEdit(), "DTPicker1");
   DressPicker(*DTPicker1_, CurrentDate);
-  if (auto* const line = DTPicker1_->findChild<QLineEdit*>()) line->setTextMargins(textMargin, 0, 0, 0);
   DTPicker1_->setAccessibleName(Text("datainizio"));
-  DTPicker1_->setMinimumWidth(DTPicker1_->sizeHint().width() + 2 * textMargin);
   // two hours by the minute: one revolution and a bit of most satellites
   cmbDurata_ = MakeNumbers("cmbDurata", 2);
   cmbTipoDurata_ = MakeUnits("cmbTipoDurata", {"min", "ore", "giorni"}, SpanHours);

@@ -44,8 +44,9 @@ class TableForm : public ChildForm {
  protected:
   explicit TableForm(const char* name);
 
-  /// Lays the window out: the pages with the lists at the left, all that both dialogs ask for at the right.
-  void Compose(QWidget* pages, int helpTopic);
+  /// Lays the window out: the pages with the lists at the left, all that both dialogs ask for at the right,
+  /// and a note, if there is one, below both.
+  void Compose(QWidget* pages, int helpTopic, QWidget* note = nullptr);
   virtual void cmdOK_Click() = 0;
   /// Start, end, step and code as they are chosen.
   TableRequest Request() const;

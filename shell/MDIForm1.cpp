@@ -40,8 +40,8 @@ constexpr QSize roomySize(1180, 740);                  // pixels, where the scre
 /// One panel of the status bar: icon and text; a click anywhere on it runs a command.
 class StatusPanel : public QWidget {
  public:
-  StatusPanel(const char* icon, QLabel* text, std::function<void()> clicked)
-      : icon_(Icon(icon)), clicked_(std::move(clicked)) {
+  StatusPanel(const char* icon, QLabel* text, bool first, std::function<void()> clicked)
+      : icon_(Icon(icon)), first_(first), clicked_(std::move(clicked)) {
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(8 + iconSize + 6, 2, 12, 2);
     layout->addWidget(text);
@@ -50,11 +50,12 @@ class StatusPanel : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
-    // a hairline parts the panels
     QPainter painter(this);
     icon_.paint(&painter, 8, (height() - iconSize) / 2, iconSize, iconSize);
+    if (first_) return;
+    // a hairline parts the panels
     painter.setPen(ColoursOf(palette()).FrameEdge);
-    painter.drawLine(width() - 1, 4, width() - 1, height() - 5);
+    painter.drawLine(0, 4, 0, height() - 5);
   }
   void mouseReleaseEvent(QMouseEvent* event) override {
     if (event->button() == Qt::LeftButton && rect().contains(event->pos())) clicked_();
@@ -63,6 +64,7 @@ class StatusPanel : public QWidget {
  private:
   static constexpr int iconSize = 16;  // pixels
   QIcon icon_;
+  bool first_;
   std::function<void()> clicked_;
 };
 
@@ -104,8 +106,8 @@ void MDIForm1::MakeStatusBar() {
   statusBar()->setSizeGripEnabled(false);
   for (std::size_t i = 0; i < panels_.size(); ++i) {
     panelTexts_[i] = Named(new QLabel(), "StatusBar1.Panels", static_cast<int>(i) + 1);
-    panels_[i] =
-        new StatusPanel(icons[i], panelTexts_[i], [this, command = commands[i]] { RunCommand(command); });
+    panels_[i] = new StatusPanel(icons[i], panelTexts_[i], i == 0,
+                                 [this, command = commands[i]] { RunCommand(command); });
     panels_[i]->setObjectName(QStringLiteral("StatusBar1.Panel(%1)").arg(i + 1));
     statusBar()->addWidget(panels_[i]);
   }
@@ -375,6 +377,7 @@ void MDIForm1::MapCoordinates() {
 }
 
 void MDIForm1::MapTerminator() {
+  if (!IsFormLoaded("frmWorldMap")) return;
   if (!IsChecked("mnuWorldmapTerminatore")) SetChecked("mnuWorldmapOmbra", false);
   MapRedraw();
 }

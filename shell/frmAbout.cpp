@@ -16,6 +16,7 @@ namespace halvorine {
 namespace {
 
 constexpr int pictureWidth = 440, pictureHeight = 260, textLeft = 170;
+constexpr QRect upperTexts(textLeft - 8, 64, 278, 84), lowerTexts(24, 206, 262, 40);  // without stars
 constexpr double globeScale = 2.0;  // logical pixels of a unit of the drawing
 constexpr const char* productName = "Halvorine";
 
@@ -103,11 +104,12 @@ void frmAbout::DrawSky(QPainter& painter) const {
   };
   painter.setPen(Qt::NoPen);
   for (int star = 0; star < 150; ++star) {
-    const QPointF at(next(width()), next(height()));
+    const QPoint at(next(width()), next(height()));
     const int brightness = 70 + next(130);
     const double radius = next(12) == 0 ? 1.1 : 0.6;
+    if (upperTexts.contains(at) || lowerTexts.contains(at)) continue;
     painter.setBrush(Shade(QColor(brightness, brightness, brightness)));
-    painter.drawEllipse(at, radius, radius);
+    painter.drawEllipse(QPointF(at), radius, radius);
   }
 }
 

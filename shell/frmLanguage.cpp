@@ -20,8 +20,7 @@ frmLanguage::frmLanguage(QWidget* parent) : QDialog(parent) {
   auto* const cmdCancel = Named(new QPushButton(), "cmdCancel");
 
   // the dialog itself needs a language before its captions can be read
-  const bool chosenBefore = !LanguageFile.empty();
-  if (!chosenBefore && lstLingua_->count() > 0) {
+  if (LanguageFile.empty() && lstLingua_->count() > 0) {
     LanguageFile = FromQ(lstLingua_->item(0)->text()) + ".ini";
     LanguageLoaded = false;
   }
@@ -33,7 +32,7 @@ frmLanguage::frmLanguage(QWidget* parent) : QDialog(parent) {
   cmdOk_->setText(Text("Buttons", "ok"));
   cmdCancel->setText(Text("Buttons", "cancel"));
   cmdOk_->setDefault(true);
-  cmdOk_->setEnabled(chosenBefore && lstLingua_->currentRow() >= 0);
+  EnableOk();
 
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(12, 12, 12, 12);

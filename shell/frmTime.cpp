@@ -124,9 +124,8 @@ QWidget* frmTime::MakeSettings() {
   });
   auto* const commands = new QHBoxLayout();
   commands->setSpacing(8);
-  commands->addWidget(cmdPlay_);
-  commands->addWidget(cmdStop_);
-  commands->addStretch();
+  commands->addWidget(cmdPlay_, 1);
+  commands->addWidget(cmdStop_, 1);
   auto* const rows = new QVBoxLayout(frame);
   rows->setContentsMargins(12, 8, 12, 12);
   rows->setSpacing(6);
@@ -136,7 +135,7 @@ QWidget* frmTime::MakeSettings() {
   rows->addWidget(lblStato_);
   rows->addLayout(commands);
   rows->addStretch();
-  rows->addWidget(synchronise, 0, Qt::AlignLeft);
+  rows->addWidget(synchronise);
   return frame;
 }
 

@@ -12,7 +12,6 @@
 #include "shell/base/mGlobal.h"
 #include "shell/base/mLang.h"
 #include "shell/base/mPlatform.h"
-#include "shell/base/mReg.h"
 #include "sky/mStars.h"
 #include "sky/qtPage.h"
 
@@ -20,12 +19,10 @@ namespace halvorine {
 
 namespace {
 
-constexpr int smallestWidth = 160, smallestHeight = 120;  // logical pixels, of a stored window
-constexpr int rebuildPeriod = 60000, settleTime = 60;     // ms
-constexpr double dragPixels = 3;                          // that a hand trembles
-constexpr int transitOff = 16, transitOn = 17;            // pictures of the toolbar's button
+constexpr int rebuildPeriod = 60000, settleTime = 60;  // ms
+constexpr double dragPixels = 3;                       // that a hand trembles
+constexpr int transitOff = 16, transitOn = 17;         // pictures of the toolbar's button
 const std::string section = "frmLocalSky";
-const std::string settingsSection = "Cielo locale";
 
 /// A check mark of the popup and the option that it follows when the window is loaded.
 struct SkyCheck {
@@ -89,7 +86,7 @@ void SetChecksFromOptions() {
 
 }  // namespace
 
-frmLocalSky::frmLocalSky() : ChildForm(QString::fromStdString(section)) {
+frmLocalSky::frmLocalSky() : PlacedForm(QString::fromStdString(section), "Cielo locale") {
   view_.Pictures = &pictures_;
   view_.StarCount = Options.Local.StarCount;
   fraSatellitePrincipale_ = Named(new DataBox(section, this), "fraSatellitePrincipale");
@@ -122,19 +119,10 @@ void frmLocalSky::ConnectMouse() {
   connect(picture1_, &SurfaceWidget::buttonUp, this, &frmLocalSky::Picture1_MouseUp);
   connect(picture1_, &SurfaceWidget::wheelTurned, this, &frmLocalSky::Picture1_Wheel);
   connect(picture1_, &SurfaceWidget::doubleClicked, this, &frmLocalSky::Picture1_DoubleClick);
-  connect(picture1_, &SurfaceWidget::menuKey, this, &frmLocalSky::ShowPopup);
+  connect(picture1_, &SurfaceWidget::menuKey, this, [](QPoint screen) { ShowPopup("mnuLocalSky", screen); });
 }
 
 PixmapSurface& frmLocalSky::Surface() { return picture1_->Surface(); }
-
-void frmLocalSky::PlaceWindow() {
-  if (placed_) return;
-  placed_ = true;
-  const WindowPlace place = Options.WindowPositions != 0 ? LoadWindowPlace(settingsSection) : WindowPlace{};
-  Frame()->resize(std::max(PixelsOf(place.Width), smallestWidth),
-                  std::max(PixelsOf(place.Height), smallestHeight));
-  if (Options.WindowPositions != 0) Frame()->move(PixelsOf(place.Left), PixelsOf(place.Top));
-}
 
 void frmLocalSky::Show() {
   PlaceWindow();
@@ -152,10 +140,7 @@ void frmLocalSky::BeforeUnload() {
   tmrLocalSky_->stop();
   EndTransit();
   SetOn(zoomItem, false);
-  if (Options.WindowPositions == 0 || !placed_ || Frame()->isMinimized()) return;
-  const QRect frame = Frame()->geometry();
-  SaveWindowPlace(settingsSection,
-                  {TwipsOf(frame.x()), TwipsOf(frame.y()), TwipsOf(frame.width()), TwipsOf(frame.height())});
+  PlacedForm::BeforeUnload();
 }
 
 void frmLocalSky::PlaceDataBox() {
@@ -279,12 +264,8 @@ void frmLocalSky::EndTransit() {
   ResetModeButton();
 }
 
-void frmLocalSky::ShowPopup(QPoint screen) {
-  if (MainFormCalls* const main = MainForm()) main->PopupMenu("mnuLocalSky", screen.x(), screen.y());
-}
-
 void frmLocalSky::Picture1_MouseDown(Qt::MouseButton button, double x, double y, QPoint screen) {
-  if (button == Qt::RightButton) return ShowPopup(screen);
+  if (button == Qt::RightButton) return ShowPopup("mnuLocalSky", screen);
   if (button != Qt::LeftButton) return;
   press_ = Press{x, y, std::nullopt};
   if (!IsOn(zoomItem) && IsOn(timesItem))
@@ -339,12 +320,7 @@ void frmLocalSky::ShowPicked(double x, double y) {
   const std::optional<SkyPick> pick = PickInSky(view_.Places, view_.Box, x, y);
   auto* const window = pick ? Load<ObjectCalls>("frmObject") : nullptr;
   if (window == nullptr) return;
-  try {
-    if (pick->Star != 0) PickedStar = ReadStar(pick->Star);
-  } catch (const RuntimeFailure& failure) {
-    Tell(MessageKind::Warning, LookupText("MDIForm1", "erroredb") + "\n" + failure.what());
-    return;
-  }
+  if (pick->Star > 0 && !TakePickedStar(pick->Star)) return;
   press_.reset();  // the window takes the mouse over
   window->ShowObject(pick->Body);
 }

@@ -156,10 +156,13 @@ void ProjectObjects(SkyPlaces& places, const SkyProjection& projection, int star
   }
 }
 
-std::optional<SkyPick> PickInSky(const SkyPlaces& places, const ChartBox& box, double x, double y) {
+bool IsWithinChart(const ChartBox& box, double x) {
   const double s = std::abs(box.Width()) == fullWidth ? 2 : 1;
-  if (!(x >= static_cast<double>(box.Left) / s && x <= static_cast<double>(box.Right) / s))
-    return std::nullopt;
+  return x >= static_cast<double>(box.Left) / s && x <= static_cast<double>(box.Right) / s;
+}
+
+std::optional<SkyPick> PickInSky(const SkyPlaces& places, const ChartBox& box, double x, double y) {
+  if (!IsWithinChart(box, x)) return std::nullopt;
   Nearest star, body;
   for (std::size_t i = 0; i < places.Stars.size(); ++i)
     star.Try(places.Stars[i], x, y, static_cast<int>(i) + 1);

@@ -78,6 +78,10 @@ void ProjectObjects(SkyPlaces& places, const SkyProjection& projection, int star
 /// Azimuth, altitude and chart units of one place that has its right ascension and declination.
 void ProjectPlace(StarRow& place, const SkyProjection& projection);
 
+/// Whether a point lies between the sides of a chart; those of a view twice as wide as the sky stand at half
+/// its width.
+bool IsWithinChart(const ChartBox& box, double x);
+
 /// A click's find: a star by its number in the catalogue or a row of SkyObjectTable, the other being 0.
 struct SkyPick {
   int Star = 0, Body = 0;

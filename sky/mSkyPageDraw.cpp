@@ -219,8 +219,11 @@ void DrawPageMarks(DrawSurface& surface, Writer& writer, const SkyTrack& track) 
     surface.Font = smallFont;
     const std::string text = TimeMarkText(track.Points.at(static_cast<std::size_t>(mark.Point)));
     // above the point the text stands on the line's end, so that the line does not cross it
-    writer.Print(smallFont, std::min(x, lastMark - surface.TextWidth(text)),
-                 mark.Y2 > mark.Y1 ? y - surface.TextHeight(text) : y, text);
+    const double width = surface.TextWidth(text), height = surface.TextHeight(text);
+    const double left = std::min(x, lastMark - width), top = mark.Y2 > mark.Y1 ? y - height : y;
+    // what lies below would show between the words
+    surface.Box(left, top + bodyRoom, left + width, top + height - bodyRoom, White, true);
+    writer.Print(smallFont, left, top, text);
   }
 }
 

@@ -13,7 +13,7 @@ namespace halvorine {
 
 namespace {
 
-constexpr int margin = 8, leastWidth = 152;  // logical pixels
+constexpr int margin = 8, leastWidth = 152, rowHeight = 18;  // logical pixels
 const std::string section = "frmSkySat";
 
 QLabel* ValueLabel(const char* name, int index) {
@@ -42,7 +42,7 @@ PassPanel::PassPanel(QWidget* parent) : QWidget(parent) {
   rows_ = new QGridLayout(this);
   rows_->setContentsMargins(margin, margin, margin, margin);
   rows_->setHorizontalSpacing(margin);
-  rows_->setVerticalSpacing(2);
+  rows_->setVerticalSpacing(1);
   rows_->setColumnStretch(1, 1);
   name_ = Named(new QLabel(), "lblSatellite");
   name_->setFont(LookFont(9, true));
@@ -61,6 +61,7 @@ QLabel* PassPanel::AddRow(const QString& caption, const char* name, int index) {
   label->setForegroundRole(MutedRole);
   QLabel* const value = ValueLabel(name, index);
   value->setAccessibleName(caption);
+  rows_->setRowMinimumHeight(row, rowHeight);
   rows_->addWidget(label, row, 0);
   rows_->addWidget(value, row, 1);
   return value;

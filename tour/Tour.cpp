@@ -1,6 +1,6 @@
 // A tour through the real windows: it starts the program at a fixed clock near the sample elements' epoch,
 // opens one window after the other and writes a picture of each, named after it, with a line of text.
-//   tour FOLDER [LANGUAGE]
+//   tour FOLDER [LANGUAGE [night]]
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QDir>
@@ -45,7 +45,8 @@ namespace halvorine {
 namespace {
 
 /// The instant of the tour, Universal Time.
-Date tourClock = DateOf(2022, 6, 14) + (20 * 3600 + 8 * 60 + 41) / 86400.0;
+const Date firstEvening = DateOf(2022, 6, 14) + (20 * 3600 + 8 * 60 + 41) / 86400.0;
+Date tourClock = firstEvening;
 
 /// The computer as the tour wants it: a clock that stands, settings of its own, no question left open.
 class TourPlatform : public QtPlatform {
@@ -150,6 +151,24 @@ void ShowLater(double minutes) {
   for (int slot = 1; slot <= ActiveCount; ++slot) ComputeSatelliteState(slot, ClockFields.JulianDayNow);
   if (auto* const panel = Loaded<RefreshCalls>("frmTrack")) panel->Aggiorna_dati();
   UpdateSiderealTime(CurrentDate);
+}
+
+/// The main window with the map in front of the sky, at the evening of the beginning.
+QWidget* ArrangeMainWindow(MDIForm1& window) {
+  for (const char* const name : {"frmFloating", "frmSkySat1", "frmSkySat2", "frmLocalSky"})
+    if (FormCalls* const form = LoadedForm(name)) form->Unload();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  for (int slot = 2; slot <= ActiveCount; ++slot)
+    if (ElementSets[slot].CatalogNumber == followed.front()) SwapActive(1, slot);
+  GoTo(firstEvening);
+  const auto place = [](QWidget* frame, const QRect& at) {
+    if (frame != nullptr) frame->setGeometry(at);
+  };
+  place(OpenLocalSky(window, false), {560, 206, 610, 430});
+  place(OpenMap(window, "mnuTerraMappaRettangolare", {800, 460}), {10, 10, 800, 460});
+  Settle();
+  tmrCentrale_Timer();
+  return &window;
 }
 
 std::vector<Stop> Stops(MDIForm1& window) {
@@ -421,21 +440,13 @@ std::vector<Stop> Stops(MDIForm1& window) {
       {"frmPreview-Pass-2", "Its second page: room for notes, and the bodies", [] { return PreviewPass(2); }},
       {"frmPreview-GeneralSky", "The whole sky on paper", [] { return PreviewGeneralSky(); }},
       {"MDIForm1-Night", "Night colours for eyes that are used to the dark",
-       [&window]() -> QWidget* {
-         for (const char* const name : {"frmFloating", "frmSkySat1", "frmSkySat2"})
-           if (FormCalls* const form = LoadedForm(name)) form->Unload();
-         window.RunCommand("mnuVisualizzaColoriNotte");
-         return &window;
-       }},
+       [&window] { return ArrangeMainWindow(window); }},
       {"MDIForm1", "The main window with its menus, toolbar and status bar",
-       [&window]() -> QWidget* {
-         if (NightColoursActive) window.RunCommand("mnuVisualizzaColoriNotte");
-         return &window;
-       }},
+       [&window]() -> QWidget* { return &window; }},
   };
 }
 
-int Take(const QString& folder, const std::string& language) {
+int Take(const QString& folder, const std::string& language, bool atNight) {
   QTemporaryDir user;
   TourPlatform platform(FromQ(user.filePath(QStringLiteral("settings.txt"))));
   SetPlatform(&platform);
@@ -455,6 +466,8 @@ int Take(const QString& folder, const std::string& language) {
   QDir().mkpath(folder);
   int missing = 0;
   for (const Stop& stop : Stops(window)) {
+    if (NightColoursActive != (atNight || stop.name.endsWith(QLatin1String("-Night"))))
+      window.RunCommand("mnuVisualizzaColoriNotte");
     QWidget* const shown = stop.open();
     Settle();
     const QString file = folder + QLatin1Char('/') + stop.name + QLatin1String(".png");
@@ -472,15 +485,16 @@ int Take(const QString& folder, const std::string& language) {
 
 int main(int argc, char** argv) {
   if (argc < 2) {
-    std::cerr << "usage: tour FOLDER [LANGUAGE]\n";
+    std::cerr << "usage: tour FOLDER [LANGUAGE [night]]\n";
     return 2;
   }
   const QString folder = QString::fromLocal8Bit(argv[1]);
   const std::string language = argc > 2 ? argv[2] : "English";
+  const bool atNight = argc > 3 && QString::fromLocal8Bit(argv[3]) == QLatin1String("night");
   halvorine::Application application(argc, argv);
   try {
     std::cout << "Pictures of the tour in " << argv[1] << ":\n";
-    return halvorine::Take(folder, language);
+    return halvorine::Take(folder, language, atNight);
   } catch (const std::exception& failure) {
     std::cerr << "The tour ended: " << failure.what() << "\n";
     return 1;

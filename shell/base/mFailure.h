@@ -44,6 +44,15 @@ class FileFailure : public RuntimeFailure {
   using RuntimeFailure::RuntimeFailure;
 };
 
+/// A file that cannot be written: with the system's error number, and whether it could be opened at all.
+class WriteFailure : public FileFailure {
+ public:
+  WriteFailure(const std::string& text, int error, bool opened)
+      : FileFailure(text), Error(error), Opened(opened) {}
+  int Error;
+  bool Opened;
+};
+
 /// A settings store that refuses; `Code` is the store's number for the reason.
 class SettingsFailure : public RuntimeFailure {
  public:

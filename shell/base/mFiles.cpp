@@ -123,6 +123,11 @@ bool ItemReader::AtEnd() {
   return at_ >= text_.size();
 }
 
+bool ItemReader::AtBlankLine() const {
+  const std::size_t next = text_.find_first_not_of(" \t\r", at_);
+  return next == std::string_view::npos || text_[next] == '\n';
+}
+
 std::string ItemReader::Text() {
   if (AtEnd()) throw ConversionFailure("the file ends too early");
   std::string item;

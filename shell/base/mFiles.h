@@ -51,6 +51,8 @@ class ItemReader {
  public:
   explicit ItemReader(std::string_view text) : text_(text) {}
   bool AtEnd();
+  /// Whether nothing but blanks is left of the present line.
+  bool AtBlankLine() const;
   /// The next item; quotes around it are taken off and blanks before it skipped.
   std::string Text();
   /// The next item as a number; ConversionFailure where it is none.

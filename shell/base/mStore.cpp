@@ -16,6 +16,7 @@ namespace {
 
 constexpr std::uint32_t textType = 1;    // REG_SZ
 constexpr std::uint32_t numberType = 4;  // REG_DWORD
+constexpr const char* notOpenedForWriting = "Could not open/create registry section";
 
 struct StoredValue {
   std::string key;
@@ -108,7 +109,8 @@ void ParseStore(std::string_view text) {
 
 std::uint32_t CodeOf(int error) { return settingsErrorBase + static_cast<std::uint32_t>(error); }
 
-void LoadStore() {
+/// Reads the store where it has not been read; `refusal` is the text of a failure.
+void LoadStore(const char* refusal) {
   const std::string file = ThePlatform().SettingsFile();
   if (loadedFrom == file) return;
   sections.clear();
@@ -119,7 +121,7 @@ void LoadStore() {
       ParseStore(ReadWholeFile(file, std::size_t{1} << 24U));
     } catch (const FileFailure&) {
       sections.clear();
-      throw SettingsFailure("Could not open registry section", CodeOf(errno != 0 ? errno : EIO));
+      throw SettingsFailure(refusal, CodeOf(errno != 0 ? errno : EIO));
     }
   }
   loadedFrom = file;
@@ -139,13 +141,12 @@ std::string StoreText() {
 }
 
 void WriteStore() {
-  errno = 0;
   try {
     ThePlatform().WriteFile(ThePlatform().SettingsFile(), StoreText());
-  } catch (const FileFailure&) {
-    const std::uint32_t code = CodeOf(errno != 0 ? errno : EIO);
+  } catch (const WriteFailure& failure) {
     ForgetSettings();
-    throw SettingsFailure("Could not open/create registry section", code);
+    throw SettingsFailure(failure.Opened ? "Could not set key value" : notOpenedForWriting,
+                          CodeOf(failure.Error));
   }
 }
 
@@ -162,7 +163,7 @@ std::string CheckedPath(const std::string& application, const std::string& secti
 void SaveRegistryString(const std::string& application, const std::string& section, const std::string& key,
                         const std::string& value) {
   const std::string path = CheckedPath(application, section, key);
-  LoadStore();
+  LoadStore(notOpenedForWriting);
   StoredSection& stored = SectionOf(path);
   const auto found = FindByName(stored.values, key, [](const StoredValue& v) { return v.key; });
   if (found != stored.values.end())
@@ -175,7 +176,7 @@ void SaveRegistryString(const std::string& application, const std::string& secti
 std::string GetRegistryString(const std::string& application, const std::string& section,
                               const std::string& key, const std::string& defaultValue) {
   const std::string path = CheckedPath(application, section, key);
-  LoadStore();
+  LoadStore("Could not open registry section");
   const auto stored = FindByName(sections, path, [](const StoredSection& s) { return s.path; });
   if (stored == sections.end()) return defaultValue;
   const auto value = FindByName(stored->values, key, [](const StoredValue& v) { return v.key; });

@@ -1,6 +1,5 @@
 #include "shell/base/qtDates.h"
 
-#include <QLineEdit>
 #include <QTextCharFormat>
 #include <QToolButton>
 #include <algorithm>
@@ -55,7 +54,6 @@ void DressPicker(QDateTimeEdit& picker, Date date) {
                           QDateTime(QDate(9998, 12, 31), QTime(23, 59, 59), Qt::UTC));
   picker.setDisplayFormat(QStringLiteral("yyyy-MM-dd  HH:mm:ss"));
   picker.setCalendarPopup(true);
-  if (auto* const line = picker.findChild<QLineEdit*>()) line->setTextMargins(4, 0, 0, 0);
   DressCalendar(*picker.calendarWidget());
   picker.setDateTime(DateTimeOf(date));
   // the hint leaves the margin of the text out

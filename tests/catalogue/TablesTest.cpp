@@ -22,6 +22,7 @@ TEST_F(TablesTest, LastMagnitudeRowFixesTheUpperBound) {
       {"\"00011\",\"7.5\"\n\"00005\",\"9.5\"\n", "9.5", 5, 6},     // a lower number cuts the table
       {"\"9\",\"1\"\n\"5\",\"2\"\n\"9\",\"\"\n", "", 9, 10},       // and what was cut is gone
       {"\"00005\",\"9.5\"\n\"\",\"\"\n\"7\",\"1\"", "9.5", 5, 6},  // an empty number ends the file
+      {"5,9.5\n \r\n7,1", "9.5", 5, 6},                            // so does an empty line
   };
   for (const Row& row : rows) {
     ReadMagnitudes(row.text);
@@ -51,7 +52,7 @@ TEST_F(TablesTest, DamagedTablesFailAndLeaveTheOldOnes) {
 
 TEST_F(TablesTest, FrequenciesAreTheTextOfASingle) {
   Write("Frequen.DAT",
-        "\"25544\",145.200,437.12355678,\"note, with comma\"\n07530,0,29502e-3,x\n\"\",0,0,\"\"\n");
+        "\"25544\",145.200,437.12355678,\"note, with comma\"\n07530,0,29502e-3,x\n\n9,0,0,\"\"\n");
   LoadFrequencies();
   ASSERT_EQ(FrequencyTable.size(), 2U);
   EXPECT_EQ(FrequencyTable[0].catalogueNumber, "25544");

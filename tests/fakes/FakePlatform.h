@@ -1,6 +1,7 @@
 // A platform for tests: queued answers, a set clock, a log of what was asked, and a hook that runs at yields.
 #pragma once
 
+#include <cerrno>
 #include <deque>
 #include <functional>
 #include <optional>
@@ -101,7 +102,8 @@ class FakePlatform : public Platform {
   bool Connected() override { return connected; }
   bool FirstInstance() override { return firstInstance; }
   void WriteFile(const std::string& path, const std::string& content) override {
-    if (refuseWriting) throw FileFailure("file " + path + " could not be written: no space left on device");
+    if (refuseWriting)
+      throw WriteFailure("file " + path + " could not be written: no space left on device", ENOSPC, true);
     Platform::WriteFile(path, content);
   }
 };

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "astro/mConv.h"
 #include "shell/base/mReg.h"
 #include "tests/fakes/FakePlatform.h"
@@ -47,6 +49,9 @@ TEST_F(StoreTest, EmptyNamesAreRefusedInOrderWithTheirCodes) {
 }
 
 TEST_F(StoreTest, ValuesComeBackWholeFromDisk) {
+  namespace fs = std::filesystem;
+  SaveRegistryString("Halvorine", "Generali", "Lingua", "English.ini");
+  fs::permissions(folder_.SettingsFile(), fs::perms::owner_read | fs::perms::owner_write);
   const char* const values[] = {"",       "plain",         "with = and \"quotes\" and \\ too", "line\r\nend",
                                 "[head]", "M\xC3\xBCnchen"};
   for (const char* const value : values) {
@@ -56,6 +61,7 @@ TEST_F(StoreTest, ValuesComeBackWholeFromDisk) {
   }
   EXPECT_EQ(GetRegistryString("Halvorine", "Cielo locale", " Griglia 10", "default"), "default")
       << "a key is taken as given";
+  EXPECT_EQ(fs::status(folder_.SettingsFile()).permissions(), fs::perms::owner_read | fs::perms::owner_write);
 }
 
 TEST_F(StoreTest, ANumberTypeIsNoText) {
@@ -76,8 +82,25 @@ TEST_F(StoreTest, ANumberTypeIsNoText) {
 TEST_F(StoreTest, AStoreThatCannotBeWrittenTellsAndKeepsTheOldOne) {
   SaveRegistryString("Halvorine", "Generali", "Lingua", "English.ini");
   platform_.refuseWriting = true;
-  EXPECT_THROW(SaveRegistryString("Halvorine", "Generali", "Lingua", "Italiano.ini"), SettingsFailure);
+  const auto expectFailure = [](const char* text, int error) {
+    try {
+      SaveRegistryString("Halvorine", "Generali", "Lingua", "Italiano.ini");
+      FAIL();
+    } catch (const SettingsFailure& failure) {
+      EXPECT_STREQ(failure.what(), text);
+      EXPECT_EQ(failure.Code, 0x800407D0U + static_cast<std::uint32_t>(error));
+    }
+  };
+  expectFailure("Could not set key value", ENOSPC);
   EXPECT_EQ(GetRegistryString("Halvorine", "Generali", "Lingua", ""), "English.ini");
+  platform_.refuseWriting = false;
+  platform_.settingsFile = folder_.SettingsFile() + "/below/a/file.txt";
+  ForgetSettings();
+  expectFailure("Could not open/create registry section", ENOTDIR);
+  // what is there and cannot be read
+  platform_.settingsFile = folder_.Path("");
+  ForgetSettings();
+  expectFailure("Could not open/create registry section", EIO);
 }
 
 TEST_F(StoreTest, SavingIsTheInverseOfLoadingForEveryOption) {

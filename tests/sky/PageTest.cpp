@@ -57,7 +57,7 @@ class PaperSurface : public PageSurface {
     lines.emplace_back(from, to);
   }
   void DeviceBox(DeviceSpot, DeviceSize, const DrawStroke& stroke, bool filled) override {
-    EXPECT_TRUE(stroke.Ink == Black && !filled);
+    EXPECT_EQ(stroke.Ink, filled ? White : Black);
   }
   void DeviceEllipse(const DeviceRound& round, const DrawStroke& stroke,
                      std::optional<Colour> fill) override {

@@ -135,8 +135,8 @@ TEST_F(MainWindowTest, MapSwitchesOnlyFlipWhileThereIsNoMap) {
   QTest::mouseClick(Button("Terminatore"), Qt::LeftButton);
   EXPECT_TRUE(Item("mnuWorldmapOmbra")->isChecked());
   QTest::mouseClick(Button("Terminatore"), Qt::LeftButton);
-  EXPECT_FALSE(Item("mnuWorldmapOmbra")->isChecked()) << "without a terminator there is no night side";
-  EXPECT_FALSE(Button("Ombra")->isChecked());
+  EXPECT_TRUE(Item("mnuWorldmapOmbra")->isChecked())
+      << "only a map's terminator takes its night side with it";
   EXPECT_FALSE(IsFormLoaded("frmWorldMap"));
 }
 
@@ -196,15 +196,11 @@ TEST_F(MainWindowTest, AChangeOfLanguageUnloadsTheChildWindows) {
   EXPECT_TRUE(Panel(1).startsWith(QStringLiteral("14 giugno 2022")));
 }
 
-TEST_F(MainWindowTest, TheFirstLanguageDialogStartsWithoutAChoice) {
+TEST_F(MainWindowTest, TheFirstLanguageDialogOffersTheFirstLanguage) {
   LanguageFile.clear();
-  frmLanguage dialog;
-  EXPECT_FALSE(Control<QPushButton>(&dialog, "cmdOK")->isEnabled());
-  EXPECT_EQ(LanguageFile, "Deutsch.ini") << "the first entry lends its texts";
-  auto* const list = Control<QListWidget>(&dialog, "lstLingua");
-  dialog.show();
-  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(2)).center());
+  const frmLanguage dialog;
   EXPECT_TRUE(Control<QPushButton>(&dialog, "cmdOK")->isEnabled());
+  EXPECT_EQ(LanguageFile, "Deutsch.ini") << "the first entry lends its texts";
 }
 
 TEST_F(MainWindowTest, ExitAsksWhereTheOptionsSay) {
@@ -295,8 +291,10 @@ TEST_F(MainWindowTest, AnotherPrincipalEndsTheTransitDisplayAndReleasesItsButton
 
 TEST_F(MainWindowTest, AnExitDuringALongOperationCancelsItAndComesBack) {
   Start();
+  CancelRequested = true;  // when nothing ran
   {
     const LongOperation operation;
+    EXPECT_FALSE(CancelRequested);
     window_->close();
     EXPECT_TRUE(window_->isVisible());
     EXPECT_TRUE(CancelRequested);

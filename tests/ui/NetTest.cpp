@@ -151,6 +151,9 @@ TEST_F(NetTest, EveryAnswerEndsInItsState) {
       {chunked + "5hello", End::Close, "", part},
       {chunked + "2\r\nab\r\n5\r\ncde", End::Close, "abcde", part},
       {std::string(head) + "\r\nbody", End::Stay, oldText, stopped},
+      {sized("Content-Length: 5"), End::Stay, oldText, stopped},
+      {sized("Content-Length: 4"), End::Stay, "body", complete},
+      {chunked + "2\r\nab\r\n0\r\n\r\n", End::Stay, "ab", complete},
       {std::string(head), End::Reset, oldText, stopped},
   };
   TestServer server;

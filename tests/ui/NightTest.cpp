@@ -4,7 +4,9 @@
 #include <QDialog>
 #include <QFileDialog>
 #include <QLabel>
+#include <QPainter>
 #include <QPlainTextEdit>
+#include <QPrinter>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTabWidget>
@@ -15,6 +17,7 @@
 #include "controls/qtDataBox.h"
 #include "controls/qtLook.h"
 #include "controls/qtNightCaret.h"
+#include "controls/qtPreview.h"
 #include "controls/qtTrasp.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mLang.h"
@@ -115,6 +118,33 @@ TEST_F(NightTest, FieldsWithACursorAndTheToolkitsFileDialogAreRedToo) {
   QTest::qWait(20);
   EXPECT_EQ(text.findChild<QWidget*>(QStringLiteral("NightCaret")), nullptr);
   EXPECT_EQ(text.cursorWidth(), 1);
+}
+
+TEST_F(NightTest, AWindowOpenedAtNightHasItsDayColoursByDay) {
+  Start();
+  Night();
+  Item("mnuStrumentiCalendario")->trigger();
+  Night();
+  QCoreApplication::processEvents();
+  const QImage calendar = dynamic_cast<ChildForm*>(LoadedForm("frmCalendar"))->Frame()->grab().toImage();
+  EXPECT_EQ(calendar.pixelColor(calendar.width() / 2, 4), ColoursOf(QApplication::palette()).Caption);
+}
+
+TEST_F(NightTest, ThePagesOfAPreviewAreRedAtNight) {
+  Start();
+  QPrinter printer;
+  frmPreview preview(window_.get(), printer, {}, [](QPrinter& page) {
+    QPainter painter(&page);
+    painter.fillRect(QRect(0, 0, page.width(), page.height() / 2), Qt::blue);
+    return true;
+  });
+  preview.show();
+  QCoreApplication::processEvents();
+  EXPECT_GT(PixelsNotRed(&preview, QStringLiteral("preview-day")), 10000);
+  Night();
+  ExpectRed(&preview);
+  Night();
+  EXPECT_GT(PixelsNotRed(&preview, QStringLiteral("preview-day")), 10000);
 }
 
 TEST_F(NightTest, FiftySwitchesLeaveEverythingAsItWas) {

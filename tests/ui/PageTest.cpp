@@ -143,7 +143,8 @@ TEST_F(PrintedCharts, PreviewShowsThePagesAndAFailureIsTold) {
   Run("mnuFileStampa");
   EXPECT_TRUE(seen);
   const bool tick = TickEnabled;
-  for (const QString& path : {ToQ(folder_.Path("missing/chart.pdf")), QString()}) {
+  for (const QString& path :
+       {ToQ(folder_.Path("missing/chart.pdf")), QString(), QStringLiteral("/dev/full")}) {
     SetPrinterAnswer([path](QPrinter& printer) {
       printer.setOutputFormat(QPrinter::PdfFormat);
       printer.setOutputFileName(path);
@@ -155,6 +156,9 @@ TEST_F(PrintedCharts, PreviewShowsThePagesAndAFailureIsTold) {
     EXPECT_EQ(platform_.messages[0].text, LookupText("frmPreview", "nonstampato"));
     EXPECT_EQ(TickEnabled, tick);
   }
+  platform_.messages.clear();
+  Printed("mnuFileStampa", QStringLiteral("after-failures"));
+  EXPECT_TRUE(platform_.messages.empty()) << "a full disk is forgotten by the next page";
 }
 
 }  // namespace

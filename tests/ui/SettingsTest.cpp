@@ -351,6 +351,10 @@ TEST_F(SettingsTest, TheTerminatorMirrorsTheMenuAndTakesTheNightSideWithIt) {
   EXPECT_TRUE(Item("mnuWorldmapOmbra")->isChecked());
   Open("mnuOpzioniMappamondo");
   EXPECT_FALSE(Control<QCheckBox>(form_, "chkWorldMapTerminatore")->isChecked());
+  Item("mnuWorldmapTerminatore")->trigger();
+  EXPECT_TRUE(Item("mnuWorldmapOmbra")->isChecked());
+  Item("mnuWorldmapTerminatore")->trigger();
+  EXPECT_FALSE(Item("mnuWorldmapOmbra")->isChecked()) << "the menu takes it along too";
 }
 
 TEST_F(SettingsTest, NonsenseLeavesListsUnsetAndOutlivesAnOkThatChoosesNothing) {

@@ -240,7 +240,7 @@ TEST_F(TableTest, PagesAreLaidSidewaysNumberedAndEndWithThePlace) {
   const QString path = ToQ(folder_.Path("table.pdf"));
   PrintTo(path, true);
   // the preview waits in a loop of its own
-  QTimer::singleShot(0, window_.get(), [this] {
+  QTimer::singleShot(0, window_.get(), [] {
     auto* const preview = qobject_cast<frmPreview*>(QApplication::activeModalWidget());
     ASSERT_NE(preview, nullptr);
     QCoreApplication::processEvents();

@@ -347,6 +347,10 @@ TEST_F(WorldMapTest, PlaceIsKeptWhenTheOptionIsOn) {
   EXPECT_FALSE(IsFormLoaded("frmWorldMap")) << "a place that cannot be kept is told and ends nothing";
   EXPECT_EQ(platform.messages.size(), 1U);
   EXPECT_EQ(LoadWindowPlace("Mappamondo").Width, 9600);
+  platform.refuseWriting = false;
+  SaveWindowPlace("Mappamondo", {2147483647, -2147483647, 2147483647, 2147483647});
+  const QRect far = Open("Recta").Frame()->geometry();
+  EXPECT_TRUE(far.width() < 10000 && far.height() < 10000 && far.left() < 10000 && far.bottom() > 0);
 }
 
 TEST_F(WorldMapTest, EmptyListAndTinyWindowAreNoTrouble) {
