@@ -2,6 +2,8 @@
 
 #include <QHBoxLayout>
 #include <array>
+#include <optional>
+#include <vector>
 
 #include "controls/qtDataBox.h"
 #include "controls/qtIcons.h"
@@ -81,6 +83,12 @@ void frmWorldMap::ConnectMouse() {
   connect(picture1_, &SurfaceWidget::menuKey, this, [this](QPoint screen) {
     hovered_ = 0;
     Picture1_MouseDown(Qt::RightButton, screen);
+  });
+  connect(picture1_, &SurfaceWidget::objectKey, this, [this](int step) {
+    std::vector<QPointF> places;
+    for (int slot = 1; slot <= ActiveCount; ++slot)
+      if (const std::optional<MapSpot> spot = SpotOf(view_, slot)) places.emplace_back(spot->X, spot->Y);
+    picture1_->PointToNext(places, step);
   });
 }
 

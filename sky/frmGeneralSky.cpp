@@ -13,6 +13,7 @@
 #include "shell/base/mPlatform.h"
 #include "sky/mStars.h"
 #include "sky/qtPage.h"
+#include "sky/qtSkyPoints.h"
 
 namespace halvorine {
 
@@ -70,6 +71,7 @@ frmGeneralSky::frmGeneralSky()
   SetChecksFromOptions();
   if (MainFormCalls* const main = MainForm()) main->SetChecked(zoomItem, false);
   ConnectMouse();
+  ConnectKeys();
   tmrGeneralSky_ = Named(new QTimer(this), "tmrGeneralSky");
   connect(tmrGeneralSky_, &QTimer::timeout, this, [this] { Genera_mappa(); });
   tmrGeneralSky_->start(redrawPeriod);
@@ -85,6 +87,17 @@ void frmGeneralSky::ConnectMouse() {
   connect(picture1_, &SurfaceWidget::wheelTurned, this, &frmGeneralSky::Picture1_Wheel);
   connect(picture1_, &SurfaceWidget::menuKey, this,
           [this](QPoint screen) { Picture1_MouseDown(Qt::RightButton, 0, 0, screen); });
+}
+
+void frmGeneralSky::ConnectKeys() {
+  connect(picture1_, &SurfaceWidget::zoomKey, this, [this](double x, double y, double notches) {
+    TakeBox(notches == 0 ? GeneralSkyBox{} : ZoomAbout(view_.Box, x, y, notches));
+  });
+  connect(picture1_, &SurfaceWidget::panKey, this,
+          [this](double right, double down) { TakeBox(PanBox(view_.Box, right, down)); });
+  connect(picture1_, &SurfaceWidget::objectKey, this, [this](int step) {
+    picture1_->PointToNext(PointsOf(PickablePlaces(view_.Box, view_.StarCount)), step);
+  });
 }
 
 void frmGeneralSky::Show() {

@@ -41,6 +41,7 @@ class frmGeneralSky : public PlacedForm,
 
  private:
   void ConnectMouse();
+  void ConnectKeys();
   void TakeSwitches();
   void TakeBox(const GeneralSkyBox& box);
   void Ripristina() { TakeBox({}); }

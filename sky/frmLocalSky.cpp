@@ -14,6 +14,7 @@
 #include "shell/base/mPlatform.h"
 #include "sky/mStars.h"
 #include "sky/qtPage.h"
+#include "sky/qtSkyPoints.h"
 
 namespace halvorine {
 
@@ -106,6 +107,7 @@ frmLocalSky::frmLocalSky() : PlacedForm(QString::fromStdString(section), "Cielo 
   SetChecksFromOptions();
   PlaceDataBox();
   ConnectMouse();
+  ConnectKeys();
   tmrLocalSky_ = Named(new QTimer(this), "tmrLocalSky");
   connect(tmrLocalSky_, &QTimer::timeout, this, [this] { Genera_mappa(); });
   tmrLocalSky_->start(rebuildPeriod);
@@ -120,6 +122,18 @@ void frmLocalSky::ConnectMouse() {
   connect(picture1_, &SurfaceWidget::wheelTurned, this, &frmLocalSky::Picture1_Wheel);
   connect(picture1_, &SurfaceWidget::doubleClicked, this, &frmLocalSky::Picture1_DoubleClick);
   connect(picture1_, &SurfaceWidget::menuKey, this, [](QPoint screen) { ShowPopup("mnuLocalSky", screen); });
+}
+
+void frmLocalSky::ConnectKeys() {
+  connect(picture1_, &SurfaceWidget::zoomKey, this, [this](double x, double y, double notches) {
+    notches == 0 ? ShowWhole() : ZoomAbout(x, y, notches);
+  });
+  connect(picture1_, &SurfaceWidget::panKey, this, &frmLocalSky::Pan);
+  connect(picture1_, &SurfaceWidget::objectKey, this, [this](int step) {
+    const bool marking = !IsOn(zoomItem) && IsOn(timesItem);
+    picture1_->PointToNext(
+        marking ? PointsOf(view_.Track.Points) : PointsOf(PickablePlaces(view_.Places, view_.Box)), step);
+  });
 }
 
 PixmapSurface& frmLocalSky::Surface() { return picture1_->Surface(); }
@@ -266,6 +280,8 @@ void frmLocalSky::EndTransit() {
 
 void frmLocalSky::Picture1_MouseDown(Qt::MouseButton button, double x, double y, QPoint screen) {
   if (button == Qt::RightButton) return ShowPopup("mnuLocalSky", screen);
+  press_.reset();
+  picture1_->HideOverlay();
   if (button != Qt::LeftButton) return;
   press_ = Press{x, y, std::nullopt};
   if (!IsOn(zoomItem) && IsOn(timesItem))
@@ -326,11 +342,19 @@ void frmLocalSky::ShowPicked(double x, double y) {
 }
 
 void frmLocalSky::Picture1_Wheel(double x, double y, double notches) {
-  if (!IsOn(zoomItem)) return;
-  const PixmapSurface& surface = Surface();
-  if (surface.Width() <= 0 || surface.Height() <= 0) return;
-  const std::optional<ChartBox> box =
-      ZoomDiscAbout(view_.Box, FullDiscBox(surface.Width() / surface.Height()), x, y, notches);
+  if (IsOn(zoomItem)) ZoomAbout(x, y, notches);
+}
+
+std::optional<ChartBox> frmLocalSky::FullBox() const {
+  const PixmapSurface& surface = picture1_->Surface();
+  if (surface.Width() <= 0 || surface.Height() <= 0) return std::nullopt;
+  return FullDiscBox(surface.Width() / surface.Height());
+}
+
+void frmLocalSky::ZoomAbout(double x, double y, double notches) {
+  const std::optional<ChartBox> full = FullBox();
+  if (!full) return;
+  const std::optional<ChartBox> box = ZoomDiscAbout(view_.Box, *full, x, y, notches);
   if (!box && !view_.Zoomed) return;
   view_.Zoomed = box.has_value();
   if (box) view_.Box = *box;
@@ -338,8 +362,19 @@ void frmLocalSky::Picture1_Wheel(double x, double y, double notches) {
 }
 
 void frmLocalSky::Picture1_DoubleClick() {
-  if (!IsOn(zoomItem) || !view_.Zoomed) return;
+  if (IsOn(zoomItem)) ShowWhole();
+}
+
+void frmLocalSky::ShowWhole() {
+  if (!view_.Zoomed) return;
   view_.Zoomed = false;
+  Genera_mappa();
+}
+
+void frmLocalSky::Pan(double right, double down) {
+  const std::optional<ChartBox> full = FullBox();
+  if (!view_.Zoomed || !full) return;
+  view_.Box = PanDiscBox(view_.Box, *full, right, down);
   Genera_mappa();
 }
 

@@ -50,6 +50,7 @@ class frmLocalSky : public PlacedForm,
   };
 
   void ConnectMouse();
+  void ConnectKeys();
   void PlaceDataBox();
   void TakeSwitches();
   void DrawTransient();
@@ -65,6 +66,11 @@ class frmLocalSky : public PlacedForm,
   void Picture1_MouseUp(Qt::MouseButton button, double x, double y);
   void Picture1_Wheel(double x, double y, double notches);
   void Picture1_DoubleClick();
+  void ZoomAbout(double x, double y, double notches);
+  void ShowWhole();
+  void Pan(double right, double down);
+  /// The whole disc as the box can hold it; nothing while that has no extent.
+  std::optional<ChartBox> FullBox() const;
   void ShowPicked(double x, double y);
   /// Whether the mouse has moved far enough from the press to be meant.
   bool IsDrag(const Press& press, double x, double y) const;

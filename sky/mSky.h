@@ -57,6 +57,10 @@ std::optional<ChartBox> ZoomDiscBox(double x1, double y1, double x2, double y2);
 std::optional<ChartBox> ZoomDiscAbout(const ChartBox& box, const ChartBox& full, double x, double y,
                                       double notches);
 
+/// The box shifted by shares of its width and height, positive ones to the right and downwards, as far as
+/// `full` reaches.
+ChartBox PanDiscBox(const ChartBox& box, const ChartBox& full, double right, double down);
+
 /// Places on one chart, by azimuth and altitude (degrees) and chart units.
 struct SkyPlaces {
   std::vector<StarRow> Stars;            // the brightest ones, as many as are shown
@@ -91,11 +95,16 @@ struct SkyPick {
 /// enough or the point lies outside the chart.
 std::optional<SkyPick> PickInSky(const SkyPlaces& places, const ChartBox& box, double x, double y);
 
-/// The place of a segment's far end after a cut at the horizon; nothing where the segment cannot be cut and
-/// ends outside the disc.
+/// A place on a chart, its units.
 struct ChartSpot {
   float X = 0, Y = 0;
 };
+
+/// What can be picked within the box, the bodies first, then the stars from the brightest.
+std::vector<ChartSpot> PickablePlaces(const SkyPlaces& places, const ChartBox& box);
+
+/// The place of a segment's far end after a cut at the horizon; nothing where the segment cannot be cut and
+/// ends outside the disc.
 std::optional<ChartSpot> CutAtHorizon(ChartSpot above, ChartSpot below);
 
 /// Coordinates of a point of the chart with their labels, as the window's title shows them; the empty text

@@ -59,7 +59,7 @@ class NetTest : public RunningProgram {
   }
   std::string TextOf(const char* name) { return FromQ(In<QLabel>(name)->text()); }
   std::string Status() { return TextOf("lblStatus"); }
-  void Click(const char* name) { QTest::mouseClick(In<QPushButton>(name), Qt::LeftButton); }
+  void Click(const char* name) { RunningProgram::Click(dialog_, name); }
   bool Running() { return !In<QPushButton>("cmdOK")->isEnabled(); }
   void Begin(const std::string& entry, const std::string& target) {
     In<QComboBox>("cmbFileRemoto")->setEditText(ToQ(entry));

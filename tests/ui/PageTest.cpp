@@ -24,11 +24,6 @@ class PrintedCharts : public RunningProgram {
   }
   ~PrintedCharts() override { SetPrinterAnswer({}); }
 
-  void Run(const char* item) {
-    ASSERT_TRUE(Item(item)->isEnabled()) << item;
-    Item(item)->trigger();
-    QCoreApplication::processEvents();
-  }
   void SwitchOn(const std::vector<const char*>& items) {
     for (const char* const item : items)
       if (!Item(item)->isChecked()) Run(item);
