@@ -1,5 +1,6 @@
 #include "maps/mMap.h"
 
+#include <array>
 #include <cmath>
 
 #include "astro/mMate.h"
@@ -93,6 +94,19 @@ TEST_F(MapTest, CircleAgreesWithReferenceAndIsClosed) {
   }
   EXPECT_THROW(VisibilityCircle(6300, 0, 0), ArithmeticFailure);
   EXPECT_THROW(VisibilityCircle(0, 0, 0), ArithmeticFailure);
+}
+
+TEST_F(MapTest, GlobePictureIsCentredTwiceAsWideAsHighAndNeverHigherThanTheBoxIsWide) {
+  const struct {
+    double width, height;
+    PicturePlace place;
+  } cases[] = {
+      {1000, 400, {100, 0, 800, 400}}, {500, 400, {-150, 0, 800, 400}}, {300, 400, {-150, 50, 600, 300}}};
+  for (const auto& c : cases) {
+    const PicturePlace place = PlaceMapPicture(kindOrtho, c.width, c.height);
+    EXPECT_EQ((std::array{place.X, place.Y, place.Width, place.Height}),
+              (std::array{c.place.X, c.place.Y, c.place.Width, c.place.Height}));
+  }
 }
 
 TEST_F(MapTest, GlobeIsRoundInAnyWindow) {

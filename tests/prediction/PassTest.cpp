@@ -1,9 +1,7 @@
 #include "prediction/mPass.h"
 
-#include "astro/mAstro.h"
 #include "shell/base/mText.h"
 #include "tests/fakes/FakePlatform.h"
-#include "tests/orbit/ManySets.h"
 #include "tests/orbit/OrbitFixture.h"
 
 namespace halvorine {

@@ -3,17 +3,14 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 
 #include "astro/mConv.h"
 #include "shell/base/mGlobal.h"
-#include "shell/base/mLongOperation.h"
 #include "tests/fakes/FakeForms.h"
 #include "tests/fakes/FakeMainForm.h"
 #include "tests/fakes/FakePlatform.h"
 #include "tests/fakes/ProgramFolder.h"
-#include "tests/fakes/RecordingSurface.h"
 
 namespace halvorine {
 namespace {

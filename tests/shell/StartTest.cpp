@@ -36,15 +36,6 @@ class StartTest : public testing::Test {
   int languageDialogs_ = 0;
 };
 
-TEST_F(StartTest, OnlyTheFirstStartAsksForTheLanguage) {
-  Start();
-  EXPECT_EQ(languageDialogs_, 1);
-  EXPECT_EQ(LanguageFile, "Italiano.ini");
-  EXPECT_TRUE(std::filesystem::exists(folder_.Path("Halvorine.ini"))) << "an empty list is made";
-  Start();
-  EXPECT_EQ(languageDialogs_, 1);
-}
-
 TEST_F(StartTest, ALanguageThatIsGoneOrLeadsElsewhereIsAskedForAgain) {
   for (const char* const stored : {"Klingon.ini", "../program/English.ini", "elements"}) {
     SaveRegistryString("Halvorine", "Generali", "Lingua", stored);

@@ -5,7 +5,6 @@
 
 #include "astro/mAstro.h"
 #include "astro/mConv.h"
-#include "orbit/mSat.h"
 #include "shell/mTick.h"
 #include "tests/fakes/FakeForms.h"
 #include "tests/fakes/FakePlatform.h"

@@ -143,22 +143,5 @@ TEST_F(GeneralSky, ReadoutTruncatesHoursAndDegrees) {
     EXPECT_EQ(GeneralSkyReadout(row.x, row.y, "RA", "Dec."), row.text) << row.x;
 }
 
-TEST_F(GeneralSky, ClickFindsTheNearerOfStarAndBodyWithinReach) {
-  const GeneralSkyBox whole;
-  // the limit is 24/400 in squared hours; a degree counts as the chart is flattened
-  StarTable.resize(1);
-  for (int row = Mercury; row <= Earth; ++row) SkyObjectTable[row].Declination = 80;
-  const double ra = static_cast<double>(StarTable[0].RightAscension);
-  const double dec = static_cast<double>(StarTable[0].Declination);
-  EXPECT_TRUE(PickInGeneralSky(whole, 1, ra + 0.244, dec));
-  EXPECT_FALSE(PickInGeneralSky(whole, 1, ra + 0.246, dec));
-  EXPECT_TRUE(PickInGeneralSky(whole, 1, ra, dec + 0.66));
-  EXPECT_FALSE(PickInGeneralSky(whole, 0, ra, dec)) << "a star that is not drawn";
-  SkyObjectTable[Venus].RightAscension = ra + 0.1;
-  SkyObjectTable[Venus].Declination = dec;
-  EXPECT_EQ(PickInGeneralSky(whole, 1, ra + 0.04, dec)->Star, 1);
-  EXPECT_EQ(PickInGeneralSky(whole, 1, ra + 0.06, dec)->Body, Venus);
-}
-
 }  // namespace
 }  // namespace halvorine

@@ -158,17 +158,5 @@ TEST_F(PassCharts, WhatCannotBeShownIsLeftOut) {
   EXPECT_EQ(view.Sky.Track.Points.size(), 1U) << "a pass that ends before its first quarter has its start";
 }
 
-TEST_F(PassCharts, PressSelectsThePointNearBy) {
-  TakePass(view, pass);
-  const TrackPoint& point = view.Sky.Track.Points[5];
-  const double x = static_cast<double>(point.X), y = static_cast<double>(point.Y);
-  EXPECT_EQ(PassPointAt(view, x, y), 5);
-  const double outward = 1 + 3.1 / std::hypot(x, y), beyond = 1 + 3.3 / std::hypot(x, y);
-  EXPECT_TRUE(PassPointAt(view, x * outward, y * outward));
-  EXPECT_FALSE(PassPointAt(view, -x * beyond, -y * beyond));
-  EXPECT_FALSE(PassPointAt(view, 101, y));
-  EXPECT_FALSE(PassPointAt(view, std::nan(""), y));
-}
-
 }  // namespace
 }  // namespace halvorine

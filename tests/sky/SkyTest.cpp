@@ -1,5 +1,4 @@
 // Geometry of the charts: projections, boxes, cuts at the horizon, picking, transit.
-#include <set>
 
 #include "astro/mMate.h"
 #include "tests/sky/SkyFixture.h"
