@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 
+#include "controls/qtHeadings.h"
 #include "controls/qtIcons.h"
 
 namespace halvorine {
@@ -87,6 +88,7 @@ frmPlanets::frmPlanets() : ChildForm(QString::fromLatin1(section)) {
     header->setSortIndicatorShown(true);
     header->setSortIndicator(column, model_->Descending() ? Qt::DescendingOrder : Qt::AscendingOrder);
   });
+  OfferHeadings(*lvwPlanets_);
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(lvwPlanets_);

@@ -106,8 +106,11 @@ void frmFile::Salva() {
 void frmFile::Stampa() {
   QPrinter& printer = ThePrinter();
   const QPointer<frmFile> self(this);
-  if (AskPrinter(printer, this, txtFile_->textCursor().hasSelection()) && self != nullptr)
-    txtFile_->print(&printer);
+  if (!AskPrinter(printer, this, txtFile_->textCursor().hasSelection()) || self == nullptr) return;
+  PaintOn(printer, [this](QPrinter& printed) {
+    txtFile_->print(&printed);
+    return true;
+  });
 }
 
 bool frmFile::MayUnload() {

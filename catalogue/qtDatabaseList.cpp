@@ -181,6 +181,9 @@ void RowList::CancelDrag() {
 void RowList::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape && drag_ == Drag::Moving)
     CancelDrag();
+  else if (event->modifiers().testFlag(Qt::AltModifier) &&
+           (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
+    Q_EMIT RowDoubleClicked();
   else
     QListView::keyPressEvent(event);
 }

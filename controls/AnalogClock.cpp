@@ -16,18 +16,19 @@ constexpr double degree = 0.0174532925;                    // truncated on purpo
 constexpr int usualRadius = 62, gap = 16, captionGap = 4;  // logical pixels
 constexpr double rimGap = 3;                               // between the two circles of a dial
 
+/// The dial and, around it, its rim.
 void DrawDial(QPainter& painter, const QPalette& palette, double radius) {
   painter.setPen(QPen(ColoursOf(palette).FieldEdge, 1));
   painter.setBrush(palette.color(QPalette::Base));
-  painter.drawEllipse(QPointF(0, 0), radius, radius);
+  painter.drawEllipse(QPointF(0, 0), radius + rimGap - 0.5, radius + rimGap - 0.5);
   painter.setBrush(Qt::NoBrush);
-  painter.drawEllipse(QPointF(0, 0), radius - rimGap, radius - rimGap);
+  painter.drawEllipse(QPointF(0, 0), radius, radius);
   painter.setPen(palette.color(QPalette::Text));
   const QFontMetricsF metrics(painter.font());
   for (int hour = 1; hour <= 12; ++hour) {
     const QString text = ToQ(Format(hour, "00"));
     const QSizeF size(metrics.horizontalAdvance(text), metrics.height());
-    const double reach = radius - rimGap - size.width() / 1.3;
+    const double reach = radius - size.width() / 1.3;
     const double a = (180 - hour * 30) * degree;
     const QPointF centre(std::sin(a) * reach, std::cos(a) * reach);
     painter.drawText(QRectF(centre - QPointF(size.width(), size.height()) / 2, size), Qt::AlignCenter, text);
@@ -101,8 +102,8 @@ void AnalogClock::paintEvent(QPaintEvent* /*event*/) {
     painter.save();
     painter.translate(left + column / 2, top + radius);
     painter.setFont(LookFont(8));
-    DrawDial(painter, palette(), radius - 0.5);
-    for (const Hand& hand : HandsOf(faces_[i].value, radius)) {
+    DrawDial(painter, palette(), radius - rimGap);
+    for (const Hand& hand : HandsOf(faces_[i].value, radius - rimGap)) {
       painter.setPen(QPen(hand.colour, hand.width, Qt::SolidLine, Qt::RoundCap));
       painter.drawLine(QPointF(0, 0), hand.tip);
     }

@@ -53,7 +53,8 @@ void RangeThumb::paintEvent(QPaintEvent* /*event*/) {
   }
   const double half = thumbWidth / 2.0;
   const bool focused = Has(option, QStyle::State_HasFocus) && Has(option, QStyle::State_KeyboardFocusChange);
-  painter.setPen(focused ? QPen(palette().color(QPalette::WindowText), 2) : QPen(Qt::NoPen));
+  painter.setPen(focused ? QPen(palette().color(QPalette::WindowText), 2)
+                         : QPen(ColoursOf(palette()).FieldEdge, 1));
   painter.setBrush(isEnabled() ? tool_->Color() : ColoursOf(palette()).FrameEdge);
   painter.drawPolygon(
       QPolygonF(QList<QPointF>{{1, thumbHeight - 1.0}, {thumbWidth - 1.0, thumbHeight - 1.0}, {half, 1}}));
@@ -127,7 +128,7 @@ void RangeTool::SetValues(double lower, double upper) {
   Q_EMIT Change(lower_, upper_);
 }
 
-QColor RangeTool::Color() const { return colour_.isValid() ? colour_ : ColoursOf(palette()).FocusEdge; }
+QColor RangeTool::Color() const { return colour_.isValid() ? colour_ : ColoursOf(palette()).Caption; }
 
 void RangeTool::SetColor(const QColor& colour) {
   colour_ = colour;
@@ -188,7 +189,7 @@ void RangeTool::paintEvent(QPaintEvent* /*event*/) {
   const int from = track.left() + static_cast<int>(std::lround(LeftOf(lower_)));
   const int to = track.left() + static_cast<int>(std::lround(LeftOf(upper_)));
   DrawBox(&painter, QRect(from, track.top(), to - from, trackHeight),
-          isEnabled() ? Color() : colours.FrameEdge, QColor(), 1, 2);
+          isEnabled() ? colours.FocusEdge : colours.FrameEdge, QColor(), 1, 2);
 }
 
 }  // namespace halvorine

@@ -66,7 +66,7 @@ class RangeTool : public QWidget {
   void SetUpperValue(double value);
   /// Both at once, so that the former ones stop neither; an upper value below the lower becomes it.
   void SetValues(double lower, double upper);
-  /// Colour of the thumbs and of the range; unless it is set, the palette's colour for what is active.
+  /// Colour of the thumbs; unless it is set, that of the caption of the active window.
   QColor Color() const;
   void SetColor(const QColor& colour);
   bool LowerVisible() const { return visible_[0]; }

@@ -15,6 +15,7 @@
 #include "controls/qtTrasp.h"
 #include "orbit/mSatTexts.h"
 #include "shell/base/mGlobal.h"
+#include "shell/base/mHelp.h"
 #include "shell/base/qtForms.h"
 
 namespace halvorine {
@@ -22,6 +23,7 @@ namespace halvorine {
 namespace {
 
 constexpr const char* section = "frmFloating";
+constexpr int helpTopic = 120;
 constexpr int margin = 8;        // logical pixels
 constexpr int opacityStep = 15;  // of a page of the scroll bar
 
@@ -118,15 +120,29 @@ void frmFloating::closeEvent(QCloseEvent* event) {
   Unload();
 }
 
+bool frmFloating::event(QEvent* event) {
+  if (event->type() != QEvent::ShortcutOverride || static_cast<QKeyEvent*>(event)->key() != Qt::Key_F1)
+    return QWidget::event(event);
+  event->accept();
+  return true;
+}
+
 void frmFloating::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape)
     Unload();
+  else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    OpenSatellite();
+  else if (event->key() == Qt::Key_F1)
+    OpenHelpFile(helpTopic);
   else
     QWidget::keyPressEvent(event);
 }
 
 void frmFloating::mouseDoubleClickEvent(QMouseEvent* event) {
-  if (event->button() != Qt::LeftButton) return;
+  if (event->button() == Qt::LeftButton) OpenSatellite();
+}
+
+void frmFloating::OpenSatellite() {
   // the window is waited for, and this panel may go meanwhile
   QTimer::singleShot(0, qApp, [] {
     if (auto* const satellite = Load<SatelliteCalls>("frmSatellite")) satellite->ShowSlot(1);

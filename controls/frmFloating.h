@@ -25,12 +25,15 @@ class frmFloating : public QWidget, public FloatingCalls {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  /// F1 is the panel's own and not the main window's.
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   QLayout* MakeOpacity();
+  static void OpenSatellite();
   void hscrTrasparenza_Change(int opacity);
   /// At the first showing: the upper right corner of the main window's work area.
   void Place();

@@ -182,11 +182,24 @@ void Preview(QWidget* parent, const QString& title, const std::function<bool(QPr
 
 }  // namespace
 
+bool PaintOn(QPrinter& target, const std::function<bool(QPrinter&)>& paint) {
+  if (target.outputFormat() != QPrinter::PdfFormat) return paint(target);
+  QPrinter own(QPrinter::HighResolution);
+  own.setOutputFormat(QPrinter::PdfFormat);
+  own.setOutputFileName(target.outputFileName());
+  own.setPageLayout(target.pageLayout());
+  own.setResolution(target.resolution());
+  own.setColorMode(target.colorMode());
+  own.setPrintRange(target.printRange());
+  own.setFromTo(target.fromPage(), target.toPage());
+  return paint(own);
+}
+
 bool PrintAsked(QPrinter& target, QWidget* parent, const std::function<bool(QPrinter&)>& paint) {
   target.setFromTo(0, 0);
   const QPointer<QWidget> alive(parent);
   const bool asked = AskPrinter(target, parent);
-  const bool done = asked && CanBegin(target) && paint(target) && IsWhole(target);
+  const bool done = asked && CanBegin(target) && PaintOn(target, paint) && IsWhole(target);
   target.setFromTo(0, 0);
   if (asked && !done) Tell(MessageKind::Warning, LookupText("frmPreview", "nonstampato"));
   return done && (parent == nullptr || alive != nullptr);

@@ -34,6 +34,10 @@ void PreviewRows(QWidget* parent, const QStringList& rows, const QString& title)
 /// Likewise upright pages that `paint` draws on a printer; it gives false where the printer refuses.
 void PreviewPages(QWidget* parent, const QString& title, const std::function<bool(QPrinter&)>& paint);
 
+/// Paints on a printer that was asked for. A PDF file is written by a printer of its own: one that has once
+/// failed to write would never write again.
+bool PaintOn(QPrinter& printer, const std::function<bool(QPrinter&)>& paint);
+
 /// Asks where to print and does so; `paint` draws the pages. False where the user cancels or the printer
 /// refuses; the latter is told.
 bool PrintAsked(QPrinter& printer, QWidget* parent, const std::function<bool(QPrinter&)>& paint);

@@ -1,8 +1,9 @@
 #include "maps/frmWorldMap.h"
 
 #include <QHBoxLayout>
-#include <algorithm>
 #include <array>
+#include <optional>
+#include <vector>
 
 #include "controls/qtDataBox.h"
 #include "controls/qtIcons.h"
@@ -11,15 +12,12 @@
 #include "orbit/mSat.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mLang.h"
-#include "shell/base/mReg.h"
 
 namespace halvorine {
 
 namespace {
 
-constexpr int smallestWidth = 160, smallestHeight = 120;  // logical pixels, of a stored window
 const std::string section = "frmWorldMap";
-const std::string settingsSection = "Mappamondo";
 
 /// A check mark of the popup and the option that it follows when the window is loaded.
 struct MapCheck {
@@ -55,7 +53,7 @@ bool IsOn(std::string_view item) {
 
 }  // namespace
 
-frmWorldMap::frmWorldMap() : ChildForm(QString::fromStdString(section)) {
+frmWorldMap::frmWorldMap() : PlacedForm(QString::fromStdString(section), "Mappamondo") {
   view_.Pictures = &pictures_;
   fraSatellitePrincipale_ = Named(new DataBox(section, this), "fraSatellitePrincipale");
   picture1_ = Named(new SurfaceWidget(this), "Picture1");
@@ -86,25 +84,15 @@ void frmWorldMap::ConnectMouse() {
     hovered_ = 0;
     Picture1_MouseDown(Qt::RightButton, screen);
   });
+  connect(picture1_, &SurfaceWidget::objectKey, this, [this](int step) {
+    std::vector<QPointF> places;
+    for (int slot = 1; slot <= ActiveCount; ++slot)
+      if (const std::optional<MapSpot> spot = SpotOf(view_, slot)) places.emplace_back(spot->X, spot->Y);
+    picture1_->PointToNext(places, step);
+  });
 }
 
 PixmapSurface& frmWorldMap::Surface() { return picture1_->Surface(); }
-
-void frmWorldMap::PlaceWindow() {
-  if (placed_) return;
-  placed_ = true;
-  const WindowPlace place = Options.WindowPositions != 0 ? LoadWindowPlace(settingsSection) : WindowPlace{};
-  Frame()->resize(std::max(PixelsOf(place.Width), smallestWidth),
-                  std::max(PixelsOf(place.Height), smallestHeight));
-  if (Options.WindowPositions != 0) Frame()->move(PixelsOf(place.Left), PixelsOf(place.Top));
-}
-
-void frmWorldMap::BeforeUnload() {
-  if (Options.WindowPositions == 0 || !placed_ || Frame()->isMinimized()) return;
-  const QRect frame = Frame()->geometry();
-  SaveWindowPlace(settingsSection,
-                  {TwipsOf(frame.x()), TwipsOf(frame.y()), TwipsOf(frame.width()), TwipsOf(frame.height())});
-}
 
 void frmWorldMap::ShowKind(std::string_view kind) {
   view_.Kind = kind;
@@ -229,7 +217,7 @@ void frmWorldMap::Picture1_MouseDown(Qt::MouseButton button, QPoint screen) {
   if (button != Qt::RightButton) return;
   OfferRemoval(CanChangePlace(hovered_));
   popupHovered_ = hovered_;
-  if (MainFormCalls* const main = MainForm()) main->PopupMenu("mnuWorldmap", screen.x(), screen.y());
+  ShowPopup("mnuWorldmap", screen);
 }
 
 void frmWorldMap::Picture1_MouseUp(Qt::MouseButton button) {

@@ -7,14 +7,14 @@
 
 #include "maps/mMapDraw.h"
 #include "maps/qtMapPictures.h"
-#include "shell/base/qtForms.h"
+#include "shell/base/qtPlacedForm.h"
 
 namespace halvorine {
 
 class DataBox;
 class SurfaceWidget;
 
-class frmWorldMap : public ChildForm, public WorldMapCalls {
+class frmWorldMap : public PlacedForm, public WorldMapCalls {
   Q_OBJECT
  public:
   frmWorldMap();
@@ -34,12 +34,10 @@ class frmWorldMap : public ChildForm, public WorldMapCalls {
   int HoveredSatellite() const override { return popupHovered_; }
 
  protected:
-  void BeforeUnload() override;
   void showEvent(QShowEvent* event) override;
 
  private:
   void ConnectMouse();
-  void PlaceWindow();
   /// Gives the data box its width; the picture box takes the rest.
   void PlaceDataBox();
   void TakeSwitches();
@@ -58,7 +56,6 @@ class frmWorldMap : public ChildForm, public WorldMapCalls {
   DataBox* fraSatellitePrincipale_ = nullptr;
   int hovered_ = 0;       // place in the active list under the pointer, 0 for none
   int popupHovered_ = 0;  // the same when the popup was opened
-  bool placed_ = false;   // the window has been given its first place
 };
 
 }  // namespace halvorine

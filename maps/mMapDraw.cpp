@@ -201,6 +201,15 @@ void Disegna_satellite(DrawSurface& surface, MapView& view, int slot) {
   });
 }
 
+std::optional<MapSpot> SpotOf(const MapView& view, int slot) {
+  const SatelliteState& state = SatelliteStates[slot];
+  if (state.Condition == 0) return std::nullopt;
+  const MapSpot spot = view.IsGlobe() ? MapSpot{view.PlaceX[slot], view.PlaceY[slot]}
+                                      : MapSpot{state.LongitudeEast, state.LatitudeSigned};
+  if (spot.X == hiddenPlace) return std::nullopt;
+  return spot;
+}
+
 int SatelliteAt(const MapView& view, double x, double y) {
   const double reach = view.IsGlobe() ? 81 : 24;  // squared map units
   int found = 0;

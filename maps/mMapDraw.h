@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -75,6 +76,12 @@ void Disegna_satellite(DrawSurface& surface, MapView& view, int slot);
 
 /// The place in the active list near a point of the map, the last one where several are near; 0 for none.
 int SatelliteAt(const MapView& view, double x, double y);
+
+/// Where a place in the active list stands on the map, map units; nothing for one that is not seen.
+struct MapSpot {
+  double X = 0, Y = 0;
+};
+std::optional<MapSpot> SpotOf(const MapView& view, int slot);
 
 /// What a satellite's tooltip says.
 std::string SatelliteTooltip(int slot);

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -160,6 +161,11 @@ class SurfaceWidget : public QWidget {
   void ShowRubberBox(double x1, double y1, double x2, double y2);
   void ShowDragLine(double x1, double y1, double x2, double y2);
   void HideOverlay();
+  /// Puts the pointer of the keys on a place, user units. Keys move it and press with it, and what it does is
+  /// told as if the mouse had done it, until the mouse or another control takes over.
+  void PointTo(double x, double y);
+  /// Puts it on the place behind the one that this last chose, or on the one before for a step of -1.
+  void PointToNext(const std::vector<QPointF>& places, int step);
   /// User units of a place in the box, logical pixels.
   double UserXOf(const QPointF& place) const;
   double UserYOf(const QPointF& place) const;
@@ -174,14 +180,23 @@ class SurfaceWidget : public QWidget {
   void wheelTurned(double x, double y, double notches);
   /// A second click; it is told as buttonDown as well.
   void doubleClicked(double x, double y);
-  /// The keyboard asks for the popup menu; the place is the middle of the box on the screen.
+  /// The keyboard asks for the popup menu without a pointer of its own; the place is the middle of the box on
+  /// the screen.
   void menuKey(QPoint screen);
+  /// A key asks for another view: magnified by notches as by a wheel, or the whole one for 0 notches.
+  void zoomKey(double x, double y, double notches);
+  /// A key shifts the view by shares of its width and height, positive ones to the right and downwards.
+  void panKey(double right, double down);
+  /// A key asks for the next object, or the one before for -1; the owner answers by PointToNext.
+  void objectKey(int step);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -195,11 +210,26 @@ class SurfaceWidget : public QWidget {
   QPointF PlaceOf(double x, double y) const;
   void ShowOverlay(Overlay kind, double x1, double y1, double x2, double y2);
   void PaintOverlay(QPainter& painter) const;
+  void PaintPointer(QPainter& painter) const;
+  /// Moves the pointer of the keys, which first comes up in the middle; logical pixels.
+  void MovePointer(const QPointF& way);
+  /// Presses the pointer of the keys, or lets go what it holds.
+  void TurnPress();
+  /// Takes the pointer of the keys away; false where there was none.
+  bool HidePointer();
+  /// Whether the key is one of the pointer.
+  bool PointerKey(const QKeyEvent& event);
+  bool ViewKey(const QKeyEvent& event);
+  double PointerX() const { return UserXOf(*pointer_); }
+  double PointerY() const { return UserYOf(*pointer_); }
 
   PixmapSurface surface_;
   QTimer settled_;  // runs while the box is being resized
   Overlay overlay_ = Overlay::None;
   double x1_ = 0, y1_ = 0, x2_ = 0, y2_ = 0;  // of the overlay, user units
+  std::optional<QPointF> pointer_;            // of the keys, logical pixels
+  bool pressed_ = false;                      // by a key
+  int object_ = -1;                           // that a key chose last
 };
 
 }  // namespace halvorine

@@ -88,6 +88,7 @@ void SurfaceWidget::paintEvent(QPaintEvent* /*event*/) {
     surface_.PaintOn(painter);
   }
   PaintOverlay(painter);
+  PaintPointer(painter);
 }
 
 void SurfaceWidget::TakeSize() {
@@ -119,10 +120,15 @@ void SurfaceWidget::changeEvent(QEvent* event) {
 
 void SurfaceWidget::contextMenuEvent(QContextMenuEvent* event) {
   event->accept();
-  if (event->reason() == QContextMenuEvent::Keyboard) Q_EMIT menuKey(mapToGlobal(rect().center()));
+  if (event->reason() != QContextMenuEvent::Keyboard) return;
+  if (pointer_)
+    Q_EMIT buttonDown(Qt::RightButton, PointerX(), PointerY(), mapToGlobal(pointer_->toPoint()));
+  else
+    Q_EMIT menuKey(mapToGlobal(rect().center()));
 }
 
 void SurfaceWidget::mouseMoveEvent(QMouseEvent* event) {
+  HidePointer();
   Q_EMIT mouseMoved(UserXOf(event->position()), UserYOf(event->position()));
 }
 

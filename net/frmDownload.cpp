@@ -124,7 +124,7 @@ void frmDownload::Connect() {
   connect(socket_, &TcpTransfer::DataArrival, this, &frmDownload::wscHTTP_DataArrival);
   connect(socket_, &TcpTransfer::Closed, this, &frmDownload::wscHTTP_Close);
   connect(socket_, &TcpTransfer::Failed, this, &frmDownload::wscHTTP_Error);
-  connect(socket_, &TcpTransfer::TimedOut, this, &frmDownload::Interrupt);
+  connect(socket_, &TcpTransfer::TimedOut, this, &frmDownload::wscHTTP_Silence);
 }
 
 void frmDownload::cmdOK_Click() {
@@ -183,10 +183,12 @@ void frmDownload::Interrupt() {
 }
 
 void frmDownload::cmdCancel_Click() {
-  if (file_)
-    Interrupt();
-  else
+  if (!file_)
     Leave();
+  else if (IsWhole(transfer_))
+    wscHTTP_Close();  // the button says so by now
+  else
+    Interrupt();
 }
 
 void frmDownload::Leave() {
@@ -255,6 +257,15 @@ void frmDownload::wscHTTP_Close() {
   SetCancelCaption("close");
 }
 
+void frmDownload::wscHTTP_Silence() {
+  // some servers keep the connection open behind an answer that is whole
+  const std::optional<HttpAnswer> answer = ReadAnswer(transfer_.Buffer);
+  if (IsWhole(transfer_) || (answer && answer->Ended))
+    wscHTTP_Close();
+  else
+    Interrupt();
+}
+
 void frmDownload::wscHTTP_Error(int number, const QString& description, bool certificate) {
   End();
   std::string text = "Error #: " + std::to_string(number) + "\r\n";
@@ -271,6 +282,7 @@ void frmDownload::tmrTimeLeft_Timer() {
   show(lblElapsed_, texts.Elapsed);
   show(lblRemaining_, texts.Remaining);
   if (texts.Complete) SetCancelCaption("close");
+  if (texts.Over) wscHTTP_Silence();
 }
 
 }  // namespace halvorine

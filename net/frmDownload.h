@@ -36,6 +36,8 @@ class frmDownload : public NetDialog {
   void wscHTTP_Connect();
   void wscHTTP_DataArrival(const QByteArray& bytes);
   void wscHTTP_Close();
+  /// Nothing more is awaited: the answer is taken where it is whole, otherwise the transfer is given up.
+  void wscHTTP_Silence();
   void wscHTTP_Error(int number, const QString& description, bool certificate);
   void tmrTimeLeft_Timer();
 

@@ -102,9 +102,11 @@ TransferTexts TickTransfer(HttpTransfer& transfer, float now) {
       texts.Remaining = FormatTimeLeft(ToInt32(Int(left / 1024.0 / transfer.SpeedKB)));
   } else {
     texts.Complete = true;
+    texts.Over = transfer.BytesReceived == transfer.BytesAtTick;
     texts.Remaining = FormatTimeLeft(0);
   }
   if (transfer.SpeedKB > 0) texts.Speed = NumberText(transfer.SpeedKB) + " KB";
+  transfer.BytesAtTick = transfer.BytesReceived;
   texts.Elapsed = ClockText(transfer.ElapsedHours, transfer.ElapsedMinutes, transfer.ElapsedSeconds);
   return texts;
 }

@@ -32,6 +32,7 @@ std::string FormatTimeLeft(std::int32_t seconds);
 struct TransferTexts {
   std::string Speed, Elapsed, Remaining;
   bool Complete = false;  // all that the header told has arrived
+  bool Over = false;      // and nothing has come since the tick before
 };
 
 /// One tick of tmrTimeLeft, a second after the one before; `now` is TimerSeconds. Nothing is told while the

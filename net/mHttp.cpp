@@ -167,6 +167,10 @@ Arrival TakeBytes(HttpTransfer& transfer, std::string_view bytes) {
   return Arrival::Body;
 }
 
+bool IsWhole(const HttpTransfer& transfer) {
+  return transfer.ContentLength > 0 && transfer.BytesReceived >= transfer.ContentLength;
+}
+
 std::string_view HeaderValue(std::string_view header, std::string_view name) {
   const std::string wanted = std::string(lineEnd).append(name).append(": ");
   const std::size_t found = header.find(wanted);
@@ -202,6 +206,7 @@ std::optional<HttpAnswer> ReadAnswer(std::string_view buffer) {
   if (HeaderValue(header, "Transfer-Encoding") == "chunked") {
     ChunkedBody joined = JoinChunks(body);
     answer.Body = std::move(joined.Text);
+    answer.Ended = joined.Whole;
     answer.Incomplete = !joined.Whole;
   } else {
     answer.Body = body;

@@ -44,9 +44,13 @@ struct HttpTransfer {
   std::int32_t ContentLength = 0;  // from the header, 0 when unknown
   std::int32_t BytesReceived = 0;  // of the body
   float StartTimer = 0;            // TimerSeconds when the request was sent
+  std::int32_t BytesAtTick = 0;    // BytesReceived at the last tick of tmrTimeLeft
   float SpeedKB = 0;
   std::int16_t ElapsedSeconds = 0, ElapsedMinutes = 0, ElapsedHours = 0;
 };
+
+/// Whether all that the header told has arrived.
+bool IsWhole(const HttpTransfer& transfer);
 
 enum class Arrival : std::uint8_t {
   Header,   // the header has no end yet
@@ -78,6 +82,7 @@ struct HttpAnswer {
   std::string Location;     // new address of a redirect; fit to be shown
   std::string Body;         // chunks are joined
   bool Incomplete = false;  // the chunks end too early
+  bool Ended = false;       // the last of the chunks has come
 };
 
 /// Reads an answer after its end; nothing where it has no empty line behind a header.

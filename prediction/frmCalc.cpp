@@ -60,6 +60,9 @@ void frmCalc::cmdOK_Click() {
   if (self != nullptr) HideForm();
 }
 
+// by the key of menus; the mouse has told its press
+void frmCalc::contextMenuEvent(QContextMenuEvent* /*event*/) { onlyAboveHorizon_ = true; }
+
 void frmCalc::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::RightButton) onlyAboveHorizon_ = true;
   TableForm::mousePressEvent(event);

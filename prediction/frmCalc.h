@@ -2,6 +2,7 @@
 // then on, what is not above the horizon.
 #pragma once
 
+#include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QTabWidget>
 #include <array>
@@ -19,6 +20,7 @@ class frmCalc : public TableForm, public FormCalls {
 
  protected:
   void cmdOK_Click() override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
 
  private:

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "controls/qtHeadings.h"
 #include "controls/qtIcons.h"
 #include "controls/qtLook.h"
 #include "controls/qtPrint.h"
@@ -161,6 +162,7 @@ frmDetails::frmDetails() : ChildForm(QString::fromLatin1(section)) {
     header->setSortIndicator(column,
                              summary_->Table().Descending() ? Qt::DescendingOrder : Qt::AscendingOrder);
   });
+  OfferHeadings(*ListView1_);
   SizeColumns();
   ListView1_->hide();
   rows_ = new TextRows(this);
@@ -175,6 +177,7 @@ frmDetails::frmDetails() : ChildForm(QString::fromLatin1(section)) {
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(ListView1_);
   layout->addWidget(List1_);
+  setFocusProxy(List1_);
   // all columns of the summary, where the work area has room for them
   const int wide = ListView1_->header()->length() + scrollBarRoom;
   const int room = WorkArea() != nullptr ? WorkArea()->width() - 2 * scrollBarRoom : wide;
@@ -246,6 +249,7 @@ void frmDetails::ShowSummary(SummaryTable table, const QString& title) {
   ListView1_->scrollToTop();
   List1_->hide();
   ListView1_->show();
+  setFocusProxy(ListView1_);
   setWindowTitle(title);
 }
 
@@ -256,6 +260,7 @@ void frmDetails::BeginRows(const std::string& title) {
   summary_->SetTable({});
   ListView1_->hide();
   List1_->show();
+  setFocusProxy(List1_);
   setWindowTitle(ToQ(title));
 }
 

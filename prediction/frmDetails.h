@@ -65,7 +65,10 @@ class frmDetails : public ChildForm, public DetailsCalls, public SaveCalls, publ
   frmDetails();
 
   void Unload() override { UnloadForm(); }
-  void Show() override { ShowForm(); }
+  void Show() override {
+    ShowForm();
+    setFocus();  // the list that is shown now
+  }
   void LeggiDiretto(const std::string& path) override;
   void Leggi(const std::string& path) override;
   void Sommario(int index) override;

@@ -260,7 +260,7 @@ void frmVisibleSatellites::mnuStampa_Click() {
   printer.setFromTo(0, 0);  // the pages of another print
   if (rows.isEmpty() || !AskPrinter(printer, this)) return;
   printer.setPageOrientation(QPageLayout::Portrait);
-  PrintRows(printer, rows);
+  PaintOn(printer, [&rows](QPrinter& printed) { return PrintRows(printed, rows); });
 }
 
 void frmVisibleSatellites::mnuAnteprima_Click() {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "controls/qtHeadings.h"
 #include "controls/qtLook.h"
 #include "shell/base/qtForms.h"
 
@@ -60,6 +61,7 @@ PassTable::PassTable(PassModel* model) {
   setAllColumnsShowFocus(true);
   setSelectionMode(SingleSelection);
   setTextElideMode(Qt::ElideRight);
+  OfferHeadings(*this);
   QHeaderView* const heads = header();
   heads->setStretchLastSection(false);
   heads->setSectionsClickable(true);
@@ -84,6 +86,11 @@ void PassTable::paintEvent(QPaintEvent* event) {
   painter.setPen(palette().color(MutedRole));
   painter.drawText(viewport()->rect().adjusted(6, 4, -6, -4), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap,
                    hint_);
+}
+
+void PassTable::contextMenuEvent(QContextMenuEvent* event) {
+  event->accept();
+  if (event->reason() == QContextMenuEvent::Keyboard) Q_EMIT RightReleased();
 }
 
 void PassTable::mouseReleaseEvent(QMouseEvent* event) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QTreeView>
 
@@ -41,6 +42,7 @@ class PassTable : public QTreeView {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:

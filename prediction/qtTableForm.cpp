@@ -189,7 +189,8 @@ QLayout* TableForm::MakeLastRow(int helpTopic) {
 }
 
 void TableForm::OrderTabs() {
-  QWidget* before = Control<QWidget>(this, "SSTab1");
+  // from the bar itself: begun with the whole pages the order would run in a ring inside them
+  QWidget* before = Control<QTabWidget>(this, "SSTab1")->tabBar();
   for (const char* const name :
        {"cmbDatabase(0)", "lstDatabase(0)", "cmbDatabase(1)", "lstDatabase(1)", "DTPicker1", "cmbDurata",
         "cmbTipoDurata", "cmbIntervallo", "cmbTipoIntervallo", "optOBS", "optECI", "optLLA", "optRAD",

@@ -8,8 +8,10 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QShortcut>
 #include <QStatusBar>
 #include <filesystem>
+#include <functional>
 
 #include "catalogue/mCatalogue.h"
 #include "controls/qtIcons.h"
@@ -84,6 +86,7 @@ MDIForm1::MDIForm1() : area_(new QMdiArea(this)), toolbar_(nullptr), tmrCentrale
   FollowFocus();
   MakeToolbar();
   MakeStatusBar();
+  MakeWindowKeys();
   tmrCentrale_->setObjectName(QStringLiteral("tmrCentrale"));
   tmrCentrale_->setTimerType(Qt::PreciseTimer);
   // queued, so that ticks go on while a message of the tick itself is open
@@ -96,6 +99,20 @@ MDIForm1::~MDIForm1() {
   disconnect(qApp, nullptr, this, nullptr);
   UnregisterForm("MDIForm1");
   SetWorkArea(nullptr);
+}
+
+void MDIForm1::MakeWindowKeys() {
+  const auto key = [this](const QKeySequence& keys, const std::function<void()>& act) {
+    connect(new QShortcut(keys, this), &QShortcut::activated, this, act);
+  };
+  const QKeySequence close(Qt::CTRL | Qt::Key_F4);
+  if (!QKeySequence::keyBindings(QKeySequence::Close).contains(close))
+    key(close, [this] { area_->closeActiveSubWindow(); });
+  key(QKeySequence(Qt::CTRL | Qt::Key_F6), [this] { area_->activateNextSubWindow(); });
+  key(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F6), [this] { area_->activatePreviousSubWindow(); });
+  key(QKeySequence(Qt::ALT | Qt::Key_Minus), [this] {
+    if (QMdiSubWindow* const window = area_->activeSubWindow()) window->showSystemMenu();
+  });
 }
 
 void MDIForm1::MakeStatusBar() {

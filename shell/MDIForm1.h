@@ -54,6 +54,8 @@ class MDIForm1 : public QMainWindow, public MainFormCalls {
   void MakeMenus();
   void MakeToolbar();
   void MakeStatusBar();
+  /// Keys that the work area does not have by itself.
+  void MakeWindowKeys();
   void CaptionToolbar();
   void CaptionPanels();
   void LoadSatellites();

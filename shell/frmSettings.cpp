@@ -117,6 +117,7 @@ void frmSettings::ShowRanges(const FilterRanges& ranges) {
 void frmSettings::cmdOK_Click() {
   // a long command goes on with the options that it began with
   if (LongOperation::Refused()) return;
+  setFocus();  // a row that is still being edited counts
   TakeControls(Options);
   const QPointer<frmSettings> self(this);
   ApplyOptions(chkWorldMapTerminatore_->isChecked());

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QIcon>
 #include <QVBoxLayout>
-#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -12,18 +11,16 @@
 #include "shell/base/mGlobal.h"
 #include "shell/base/mLang.h"
 #include "shell/base/mPlatform.h"
-#include "shell/base/mReg.h"
 #include "sky/mStars.h"
 #include "sky/qtPage.h"
+#include "sky/qtSkyPoints.h"
 
 namespace halvorine {
 
 namespace {
 
-constexpr int smallestWidth = 160, smallestHeight = 120;  // logical pixels, of a stored window
-constexpr int redrawPeriod = 60000, resizeDelay = 60;     // ms
+constexpr int redrawPeriod = 60000, resizeDelay = 60;  // ms
 const std::string section = "frmGeneralSky";
-const std::string settingsSection = "Cielo generale";
 const char* const zoomItem = "mnuGeneralSkyZoom";
 
 /// A check mark of the popup and the option that it follows when the window is loaded.
@@ -55,7 +52,7 @@ bool Zooming() {
 }  // namespace
 
 frmGeneralSky::frmGeneralSky()
-    : ChildForm(QString::fromStdString(section)),
+    : PlacedForm(QString::fromStdString(section), "Cielo generale"),
       baseTitle_(Text(section, "mappagenerale")),
       zoneWord_(Text("Def", "oralocale")),
       rightAscensionLabel_(LookupText("Def", "ar")),
@@ -74,6 +71,7 @@ frmGeneralSky::frmGeneralSky()
   SetChecksFromOptions();
   if (MainFormCalls* const main = MainForm()) main->SetChecked(zoomItem, false);
   ConnectMouse();
+  ConnectKeys();
   tmrGeneralSky_ = Named(new QTimer(this), "tmrGeneralSky");
   connect(tmrGeneralSky_, &QTimer::timeout, this, [this] { Genera_mappa(); });
   tmrGeneralSky_->start(redrawPeriod);
@@ -91,20 +89,15 @@ void frmGeneralSky::ConnectMouse() {
           [this](QPoint screen) { Picture1_MouseDown(Qt::RightButton, 0, 0, screen); });
 }
 
-void frmGeneralSky::PlaceWindow() {
-  if (placed_) return;
-  placed_ = true;
-  const WindowPlace place = Options.WindowPositions != 0 ? LoadWindowPlace(settingsSection) : WindowPlace{};
-  Frame()->resize(std::max(PixelsOf(place.Width), smallestWidth),
-                  std::max(PixelsOf(place.Height), smallestHeight));
-  if (Options.WindowPositions != 0) Frame()->move(PixelsOf(place.Left), PixelsOf(place.Top));
-}
-
-void frmGeneralSky::BeforeUnload() {
-  if (Options.WindowPositions == 0 || !placed_ || Frame()->isMinimized()) return;
-  const QRect frame = Frame()->geometry();
-  SaveWindowPlace(settingsSection,
-                  {TwipsOf(frame.x()), TwipsOf(frame.y()), TwipsOf(frame.width()), TwipsOf(frame.height())});
+void frmGeneralSky::ConnectKeys() {
+  connect(picture1_, &SurfaceWidget::zoomKey, this, [this](double x, double y, double notches) {
+    TakeBox(notches == 0 ? GeneralSkyBox{} : ZoomAbout(view_.Box, x, y, notches));
+  });
+  connect(picture1_, &SurfaceWidget::panKey, this,
+          [this](double right, double down) { TakeBox(PanBox(view_.Box, right, down)); });
+  connect(picture1_, &SurfaceWidget::objectKey, this, [this](int step) {
+    picture1_->PointToNext(PointsOf(PickablePlaces(view_.Box, view_.StarCount)), step);
+  });
 }
 
 void frmGeneralSky::Show() {
@@ -183,8 +176,7 @@ void frmGeneralSky::ForgetPress() {
 void frmGeneralSky::Picture1_MouseDown(Qt::MouseButton button, double x, double y, QPoint screen) {
   ForgetPress();
   if (button == Qt::LeftButton) press_ = QPointF(x, y);
-  if (button != Qt::RightButton) return;
-  if (MainFormCalls* const main = MainForm()) main->PopupMenu("mnuGeneralSky", screen.x(), screen.y());
+  if (button == Qt::RightButton) ShowPopup("mnuGeneralSky", screen);
 }
 
 void frmGeneralSky::Picture1_MouseMove(double x, double y) {
@@ -219,7 +211,7 @@ void frmGeneralSky::Picture1_Wheel(double x, double y, double notches) {
 void frmGeneralSky::OpenObject(double x, double y) {
   const std::optional<SkyPick> pick = PickInGeneralSky(view_.Box, view_.StarCount, x, y);
   if (!pick) return;
-  if (pick->Star > 0) PickedStar = ReadStar(pick->Star);
+  if (pick->Star > 0 && !TakePickedStar(pick->Star)) return;
   if (auto* const object = Load<ObjectCalls>("frmObject")) object->ShowObject(pick->Body);
 }
 

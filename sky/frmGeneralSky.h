@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "shell/base/qtForms.h"
+#include "shell/base/qtPlacedForm.h"
 #include "sky/mGeneralSky.h"
 #include "sky/qtSkyPictures.h"
 
@@ -18,7 +18,7 @@ namespace halvorine {
 class PixmapSurface;
 class SurfaceWidget;
 
-class frmGeneralSky : public ChildForm,
+class frmGeneralSky : public PlacedForm,
                       public GeneralSkyCalls,
                       public PopupCalls,
                       public StarCountCalls,
@@ -37,12 +37,11 @@ class frmGeneralSky : public ChildForm,
   void SetStarCount(int count) override;
 
  protected:
-  void BeforeUnload() override;
   void showEvent(QShowEvent* event) override;
 
  private:
   void ConnectMouse();
-  void PlaceWindow();
+  void ConnectKeys();
   void TakeSwitches();
   void TakeBox(const GeneralSkyBox& box);
   void Ripristina() { TakeBox({}); }
@@ -64,7 +63,6 @@ class frmGeneralSky : public ChildForm,
   const std::string rightAscensionLabel_, declinationLabel_;
   QString chartTitle_;            // without a read-out
   std::optional<QPointF> press_;  // chart units, while the left button is down
-  bool placed_ = false;           // the window has been given its first place
 };
 
 }  // namespace halvorine

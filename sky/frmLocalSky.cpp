@@ -12,20 +12,18 @@
 #include "shell/base/mGlobal.h"
 #include "shell/base/mLang.h"
 #include "shell/base/mPlatform.h"
-#include "shell/base/mReg.h"
 #include "sky/mStars.h"
 #include "sky/qtPage.h"
+#include "sky/qtSkyPoints.h"
 
 namespace halvorine {
 
 namespace {
 
-constexpr int smallestWidth = 160, smallestHeight = 120;  // logical pixels, of a stored window
-constexpr int rebuildPeriod = 60000, settleTime = 60;     // ms
-constexpr double dragPixels = 3;                          // that a hand trembles
-constexpr int transitOff = 16, transitOn = 17;            // pictures of the toolbar's button
+constexpr int rebuildPeriod = 60000, settleTime = 60;  // ms
+constexpr double dragPixels = 3;                       // that a hand trembles
+constexpr int transitOff = 16, transitOn = 17;         // pictures of the toolbar's button
 const std::string section = "frmLocalSky";
-const std::string settingsSection = "Cielo locale";
 
 /// A check mark of the popup and the option that it follows when the window is loaded.
 struct SkyCheck {
@@ -89,7 +87,7 @@ void SetChecksFromOptions() {
 
 }  // namespace
 
-frmLocalSky::frmLocalSky() : ChildForm(QString::fromStdString(section)) {
+frmLocalSky::frmLocalSky() : PlacedForm(QString::fromStdString(section), "Cielo locale") {
   view_.Pictures = &pictures_;
   view_.StarCount = Options.Local.StarCount;
   fraSatellitePrincipale_ = Named(new DataBox(section, this), "fraSatellitePrincipale");
@@ -109,6 +107,7 @@ frmLocalSky::frmLocalSky() : ChildForm(QString::fromStdString(section)) {
   SetChecksFromOptions();
   PlaceDataBox();
   ConnectMouse();
+  ConnectKeys();
   tmrLocalSky_ = Named(new QTimer(this), "tmrLocalSky");
   connect(tmrLocalSky_, &QTimer::timeout, this, [this] { Genera_mappa(); });
   tmrLocalSky_->start(rebuildPeriod);
@@ -122,19 +121,22 @@ void frmLocalSky::ConnectMouse() {
   connect(picture1_, &SurfaceWidget::buttonUp, this, &frmLocalSky::Picture1_MouseUp);
   connect(picture1_, &SurfaceWidget::wheelTurned, this, &frmLocalSky::Picture1_Wheel);
   connect(picture1_, &SurfaceWidget::doubleClicked, this, &frmLocalSky::Picture1_DoubleClick);
-  connect(picture1_, &SurfaceWidget::menuKey, this, &frmLocalSky::ShowPopup);
+  connect(picture1_, &SurfaceWidget::menuKey, this, [](QPoint screen) { ShowPopup("mnuLocalSky", screen); });
+}
+
+void frmLocalSky::ConnectKeys() {
+  connect(picture1_, &SurfaceWidget::zoomKey, this, [this](double x, double y, double notches) {
+    notches == 0 ? ShowWhole() : ZoomAbout(x, y, notches);
+  });
+  connect(picture1_, &SurfaceWidget::panKey, this, &frmLocalSky::Pan);
+  connect(picture1_, &SurfaceWidget::objectKey, this, [this](int step) {
+    const bool marking = !IsOn(zoomItem) && IsOn(timesItem);
+    picture1_->PointToNext(
+        marking ? PointsOf(view_.Track.Points) : PointsOf(PickablePlaces(view_.Places, view_.Box)), step);
+  });
 }
 
 PixmapSurface& frmLocalSky::Surface() { return picture1_->Surface(); }
-
-void frmLocalSky::PlaceWindow() {
-  if (placed_) return;
-  placed_ = true;
-  const WindowPlace place = Options.WindowPositions != 0 ? LoadWindowPlace(settingsSection) : WindowPlace{};
-  Frame()->resize(std::max(PixelsOf(place.Width), smallestWidth),
-                  std::max(PixelsOf(place.Height), smallestHeight));
-  if (Options.WindowPositions != 0) Frame()->move(PixelsOf(place.Left), PixelsOf(place.Top));
-}
 
 void frmLocalSky::Show() {
   PlaceWindow();
@@ -152,10 +154,7 @@ void frmLocalSky::BeforeUnload() {
   tmrLocalSky_->stop();
   EndTransit();
   SetOn(zoomItem, false);
-  if (Options.WindowPositions == 0 || !placed_ || Frame()->isMinimized()) return;
-  const QRect frame = Frame()->geometry();
-  SaveWindowPlace(settingsSection,
-                  {TwipsOf(frame.x()), TwipsOf(frame.y()), TwipsOf(frame.width()), TwipsOf(frame.height())});
+  PlacedForm::BeforeUnload();
 }
 
 void frmLocalSky::PlaceDataBox() {
@@ -279,12 +278,10 @@ void frmLocalSky::EndTransit() {
   ResetModeButton();
 }
 
-void frmLocalSky::ShowPopup(QPoint screen) {
-  if (MainFormCalls* const main = MainForm()) main->PopupMenu("mnuLocalSky", screen.x(), screen.y());
-}
-
 void frmLocalSky::Picture1_MouseDown(Qt::MouseButton button, double x, double y, QPoint screen) {
-  if (button == Qt::RightButton) return ShowPopup(screen);
+  if (button == Qt::RightButton) return ShowPopup("mnuLocalSky", screen);
+  press_.reset();
+  picture1_->HideOverlay();
   if (button != Qt::LeftButton) return;
   press_ = Press{x, y, std::nullopt};
   if (!IsOn(zoomItem) && IsOn(timesItem))
@@ -339,22 +336,25 @@ void frmLocalSky::ShowPicked(double x, double y) {
   const std::optional<SkyPick> pick = PickInSky(view_.Places, view_.Box, x, y);
   auto* const window = pick ? Load<ObjectCalls>("frmObject") : nullptr;
   if (window == nullptr) return;
-  try {
-    if (pick->Star != 0) PickedStar = ReadStar(pick->Star);
-  } catch (const RuntimeFailure& failure) {
-    Tell(MessageKind::Warning, LookupText("MDIForm1", "erroredb") + "\n" + failure.what());
-    return;
-  }
+  if (pick->Star > 0 && !TakePickedStar(pick->Star)) return;
   press_.reset();  // the window takes the mouse over
   window->ShowObject(pick->Body);
 }
 
 void frmLocalSky::Picture1_Wheel(double x, double y, double notches) {
-  if (!IsOn(zoomItem)) return;
-  const PixmapSurface& surface = Surface();
-  if (surface.Width() <= 0 || surface.Height() <= 0) return;
-  const std::optional<ChartBox> box =
-      ZoomDiscAbout(view_.Box, FullDiscBox(surface.Width() / surface.Height()), x, y, notches);
+  if (IsOn(zoomItem)) ZoomAbout(x, y, notches);
+}
+
+std::optional<ChartBox> frmLocalSky::FullBox() const {
+  const PixmapSurface& surface = picture1_->Surface();
+  if (surface.Width() <= 0 || surface.Height() <= 0) return std::nullopt;
+  return FullDiscBox(surface.Width() / surface.Height());
+}
+
+void frmLocalSky::ZoomAbout(double x, double y, double notches) {
+  const std::optional<ChartBox> full = FullBox();
+  if (!full) return;
+  const std::optional<ChartBox> box = ZoomDiscAbout(view_.Box, *full, x, y, notches);
   if (!box && !view_.Zoomed) return;
   view_.Zoomed = box.has_value();
   if (box) view_.Box = *box;
@@ -362,8 +362,19 @@ void frmLocalSky::Picture1_Wheel(double x, double y, double notches) {
 }
 
 void frmLocalSky::Picture1_DoubleClick() {
-  if (!IsOn(zoomItem) || !view_.Zoomed) return;
+  if (IsOn(zoomItem)) ShowWhole();
+}
+
+void frmLocalSky::ShowWhole() {
+  if (!view_.Zoomed) return;
   view_.Zoomed = false;
+  Genera_mappa();
+}
+
+void frmLocalSky::Pan(double right, double down) {
+  const std::optional<ChartBox> full = FullBox();
+  if (!view_.Zoomed || !full) return;
+  view_.Box = PanDiscBox(view_.Box, *full, right, down);
   Genera_mappa();
 }
 

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string_view>
 
-#include "shell/base/qtForms.h"
+#include "shell/base/qtPlacedForm.h"
 #include "sky/mSkyDraw.h"
 #include "sky/qtSkyPictures.h"
 
@@ -16,7 +16,7 @@ class DataBox;
 class SurfaceWidget;
 class PixmapSurface;
 
-class frmLocalSky : public ChildForm,
+class frmLocalSky : public PlacedForm,
                     public LocalSkyCalls,
                     public StarCountCalls,
                     public PopupCalls,
@@ -50,7 +50,7 @@ class frmLocalSky : public ChildForm,
   };
 
   void ConnectMouse();
-  void PlaceWindow();
+  void ConnectKeys();
   void PlaceDataBox();
   void TakeSwitches();
   void DrawTransient();
@@ -66,7 +66,11 @@ class frmLocalSky : public ChildForm,
   void Picture1_MouseUp(Qt::MouseButton button, double x, double y);
   void Picture1_Wheel(double x, double y, double notches);
   void Picture1_DoubleClick();
-  void ShowPopup(QPoint screen);
+  void ZoomAbout(double x, double y, double notches);
+  void ShowWhole();
+  void Pan(double right, double down);
+  /// The whole disc as the box can hold it; nothing while that has no extent.
+  std::optional<ChartBox> FullBox() const;
   void ShowPicked(double x, double y);
   /// Whether the mouse has moved far enough from the press to be meant.
   bool IsDrag(const Press& press, double x, double y) const;
@@ -80,7 +84,6 @@ class frmLocalSky : public ChildForm,
   QTimer* tmrLocalSky_ = nullptr;
   QString title_;  // without the coordinates under the mouse
   std::optional<Press> press_;
-  bool placed_ = false;  // the window has been given its first place
 };
 
 }  // namespace halvorine

@@ -10,6 +10,7 @@
 #include "shell/base/mLang.h"
 #include "sky/qtPage.h"
 #include "sky/qtPassPanel.h"
+#include "sky/qtSkyPoints.h"
 
 namespace halvorine {
 
@@ -70,6 +71,8 @@ void frmSkySat::ConnectMouse() {
   connect(picture1_, &SurfaceWidget::mouseMoved, this, &frmSkySat::Picture1_MouseMove);
   connect(picture1_, &SurfaceWidget::buttonUp, this, &frmSkySat::Picture1_MouseUp);
   connect(picture1_, &SurfaceWidget::menuKey, this, &frmSkySat::OpenPopup);
+  connect(picture1_, &SurfaceWidget::objectKey, this,
+          [this](int step) { picture1_->PointToNext(PointsOf(view_.Sky.Track.Points), step); });
 }
 
 void frmSkySat::ShowPass(const PassChart& pass) {

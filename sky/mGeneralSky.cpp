@@ -62,6 +62,12 @@ GeneralSkyBox ZoomAbout(const GeneralSkyBox& box, double x, double y, double not
                {y + 90 - (y - bottom) * factor, y + 90 + (top - y) * factor});
 }
 
+GeneralSkyBox PanBox(const GeneralSkyBox& box, double right, double down) {
+  const double hours = right * box.ScaleWidth(), degrees = down * box.ScaleHeight();
+  return BoxOf({static_cast<double>(box.Right) + hours, static_cast<double>(box.Left) + hours},
+               {static_cast<double>(box.Bottom) + 90 + degrees, static_cast<double>(box.Top) + 90 + degrees});
+}
+
 std::string GeneralSkyReadout(double x, double y, std::string_view rightAscensionLabel,
                               std::string_view declinationLabel) {
   if (!(x >= 0 && x <= wholeWidth && y >= -90 && y <= 90)) return {};
@@ -90,6 +96,20 @@ std::optional<SkyPick> PickInGeneralSky(const GeneralSkyBox& box, int starCount,
   const double limit = std::min(width, height) / 400;
   if (!(star.squared < limit) && !(body.squared < limit)) return std::nullopt;
   return star.squared < body.squared ? SkyPick{.Star = star.row} : SkyPick{.Body = body.row};
+}
+
+std::vector<ChartSpot> PickablePlaces(const GeneralSkyBox& box, int starCount) {
+  std::vector<ChartSpot> found;
+  const auto add = [&](float rightAscension, float declination) {
+    if (rightAscension <= box.Left && rightAscension >= box.Right && declination <= box.Top &&
+        declination >= box.Bottom)
+      found.push_back({rightAscension, declination});
+  };
+  for (int row = Mercury; row <= Moon; ++row)
+    add(ToSingle(SkyObjectTable[row].RightAscension), ToSingle(SkyObjectTable[row].Declination));
+  const auto stars = static_cast<std::size_t>(UsableStarCount(starCount));
+  for (std::size_t i = 0; i < stars; ++i) add(StarTable[i].RightAscension, StarTable[i].Declination);
+  return found;
 }
 
 }  // namespace halvorine

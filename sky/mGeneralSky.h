@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "maps/DrawSurface.h"
 #include "sky/mSky.h"
@@ -48,6 +49,10 @@ std::optional<GeneralSkyBox> ZoomBox(double x1, double y1, double x2, double y2)
 /// the edge of the sphere is met. Zooming out ends at the whole sky.
 GeneralSkyBox ZoomAbout(const GeneralSkyBox& box, double x, double y, double notches);
 
+/// The box shifted by shares of its width and height, positive ones to the right and downwards, as far as the
+/// sphere reaches.
+GeneralSkyBox PanBox(const GeneralSkyBox& box, double right, double down);
+
 /// Right ascension and declination of a point by their labels, as the window's title shows them; the empty
 /// text outside the sphere.
 std::string GeneralSkyReadout(double x, double y, std::string_view rightAscensionLabel,
@@ -56,6 +61,9 @@ std::string GeneralSkyReadout(double x, double y, std::string_view rightAscensio
 /// The star among the first `starCount` or the body that lies nearest to a point of the chart, as seen on the
 /// whole chart's proportions; nothing where none is near enough.
 std::optional<SkyPick> PickInGeneralSky(const GeneralSkyBox& box, int starCount, double x, double y);
+
+/// What can be picked within the box, the bodies first, then the first `starCount` stars from the brightest.
+std::vector<ChartSpot> PickablePlaces(const GeneralSkyBox& box, int starCount);
 
 /// The figures in one colour, on a surface whose scale is set; a segment that crosses the hour 0 leaves the
 /// chart at one edge and comes back at the other. A failure passes.

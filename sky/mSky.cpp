@@ -107,6 +107,16 @@ std::optional<ChartBox> ZoomDiscAbout(const ChartBox& box, const ChartBox& full,
   return BoxOf(left, top, left + width, top - height);
 }
 
+ChartBox PanDiscBox(const ChartBox& box, const ChartBox& full, double right, double down) {
+  const double width = box.Width(), height = -box.Height();
+  const double least = static_cast<double>(full.Left), most = static_cast<double>(full.Right) - width;
+  const double lowest = static_cast<double>(full.Bottom) + height, highest = static_cast<double>(full.Top);
+  const double left = std::clamp(static_cast<double>(box.Left) + right * width, least, std::max(least, most));
+  const double top =
+      std::clamp(static_cast<double>(box.Top) - down * height, std::min(lowest, highest), highest);
+  return BoxOf(left, top, left + width, top - height);
+}
+
 int UsableStarCount(int count) { return std::clamp(count, 0, static_cast<int>(StarTable.size())); }
 
 void ComputeSkyObjects(Date localDate) {
@@ -156,16 +166,31 @@ void ProjectObjects(SkyPlaces& places, const SkyProjection& projection, int star
   }
 }
 
-std::optional<SkyPick> PickInSky(const SkyPlaces& places, const ChartBox& box, double x, double y) {
+bool IsWithinChart(const ChartBox& box, double x) {
   const double s = std::abs(box.Width()) == fullWidth ? 2 : 1;
-  if (!(x >= static_cast<double>(box.Left) / s && x <= static_cast<double>(box.Right) / s))
-    return std::nullopt;
+  return x >= static_cast<double>(box.Left) / s && x <= static_cast<double>(box.Right) / s;
+}
+
+std::optional<SkyPick> PickInSky(const SkyPlaces& places, const ChartBox& box, double x, double y) {
+  if (!IsWithinChart(box, x)) return std::nullopt;
   Nearest star, body;
   for (std::size_t i = 0; i < places.Stars.size(); ++i)
     star.Try(places.Stars[i], x, y, static_cast<int>(i) + 1);
   for (int row = Mercury; row <= Moon; ++row) body.Try(places.Bodies[row], x, y, row);
   if (!(std::min(star.squared, body.squared) < std::abs(box.Height()) / 30)) return std::nullopt;
   return star.squared < body.squared ? SkyPick{.Star = star.row} : SkyPick{.Body = body.row};
+}
+
+std::vector<ChartSpot> PickablePlaces(const SkyPlaces& places, const ChartBox& box) {
+  std::vector<ChartSpot> found;
+  const auto add = [&](const StarRow& place) {
+    if (place.Altitude > 0 && place.X >= box.Left && place.X <= box.Right && place.Y <= box.Top &&
+        place.Y >= box.Bottom)
+      found.push_back({place.X, place.Y});
+  };
+  for (int row = Mercury; row <= Moon; ++row) add(places.Bodies[row]);
+  for (const StarRow& star : places.Stars) add(star);
+  return found;
 }
 
 std::optional<ChartSpot> CutAtHorizon(ChartSpot above, ChartSpot below) {

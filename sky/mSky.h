@@ -57,6 +57,10 @@ std::optional<ChartBox> ZoomDiscBox(double x1, double y1, double x2, double y2);
 std::optional<ChartBox> ZoomDiscAbout(const ChartBox& box, const ChartBox& full, double x, double y,
                                       double notches);
 
+/// The box shifted by shares of its width and height, positive ones to the right and downwards, as far as
+/// `full` reaches.
+ChartBox PanDiscBox(const ChartBox& box, const ChartBox& full, double right, double down);
+
 /// Places on one chart, by azimuth and altitude (degrees) and chart units.
 struct SkyPlaces {
   std::vector<StarRow> Stars;            // the brightest ones, as many as are shown
@@ -78,6 +82,10 @@ void ProjectObjects(SkyPlaces& places, const SkyProjection& projection, int star
 /// Azimuth, altitude and chart units of one place that has its right ascension and declination.
 void ProjectPlace(StarRow& place, const SkyProjection& projection);
 
+/// Whether a point lies between the sides of a chart; those of a view twice as wide as the sky stand at half
+/// its width.
+bool IsWithinChart(const ChartBox& box, double x);
+
 /// A click's find: a star by its number in the catalogue or a row of SkyObjectTable, the other being 0.
 struct SkyPick {
   int Star = 0, Body = 0;
@@ -87,11 +95,16 @@ struct SkyPick {
 /// enough or the point lies outside the chart.
 std::optional<SkyPick> PickInSky(const SkyPlaces& places, const ChartBox& box, double x, double y);
 
-/// The place of a segment's far end after a cut at the horizon; nothing where the segment cannot be cut and
-/// ends outside the disc.
+/// A place on a chart, its units.
 struct ChartSpot {
   float X = 0, Y = 0;
 };
+
+/// What can be picked within the box, the bodies first, then the stars from the brightest.
+std::vector<ChartSpot> PickablePlaces(const SkyPlaces& places, const ChartBox& box);
+
+/// The place of a segment's far end after a cut at the horizon; nothing where the segment cannot be cut and
+/// ends outside the disc.
 std::optional<ChartSpot> CutAtHorizon(ChartSpot above, ChartSpot below);
 
 /// Coordinates of a point of the chart with their labels, as the window's title shows them; the empty text

@@ -97,8 +97,8 @@ void ProjectTrack(SkyTrack& track, const SkyProjection& projection) {
 }
 
 std::optional<int> NearestTrackPoint(const SkyTrack& track, const ChartBox& box, double x, double y) {
-  const bool inside = x >= static_cast<double>(box.Left) && x <= static_cast<double>(box.Right) &&
-                      y <= static_cast<double>(box.Top) && y >= static_cast<double>(box.Bottom);
+  const bool inside =
+      IsWithinChart(box, x) && y <= static_cast<double>(box.Top) && y >= static_cast<double>(box.Bottom);
   if (!inside) return std::nullopt;
   double least = farAway;
   std::optional<int> nearest;

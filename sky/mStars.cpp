@@ -7,6 +7,8 @@
 #include "astro/mConv.h"
 #include "shell/base/mFiles.h"
 #include "shell/base/mGlobal.h"
+#include "shell/base/mLang.h"
+#include "shell/base/mPlatform.h"
 #include "shell/base/mText.h"
 
 namespace halvorine {
@@ -110,6 +112,16 @@ StarRecord ReadStar(int number) {
   star.Constellation = TextAt(record, 16, 3);
   star.Name = TextAt(record, 19, 16);
   return star;
+}
+
+bool TakePickedStar(int number) {
+  try {
+    PickedStar = ReadStar(number);
+    return true;
+  } catch (const RuntimeFailure& failure) {
+    Tell(MessageKind::Warning, LookupText("MDIForm1", "erroredb") + "\n" + failure.what());
+    return false;
+  }
 }
 
 }  // namespace halvorine

@@ -20,4 +20,7 @@ void LoadSkyData();
 /// another RuntimeFailure where the file cannot be read or holds no numbers there.
 StarRecord ReadStar(int number);
 
+/// Reads a record into PickedStar; false where it cannot be read, which the user is told.
+bool TakePickedStar(int number);
+
 }  // namespace halvorine

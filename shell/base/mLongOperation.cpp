@@ -24,7 +24,9 @@ bool LongOperation::Refused() {
 }
 
 LongOperation::LongOperation() : started_(!Refused()) {
-  if (started_) running = true;
+  if (!started_) return;
+  running = true;
+  CancelRequested = false;  // a cancel that came when nothing ran is none of this operation
 }
 
 LongOperation::~LongOperation() {

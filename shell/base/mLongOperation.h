@@ -13,7 +13,8 @@ namespace halvorine {
 /// for in the middle of one; must not raise.
 inline std::function<void()> AfterLongOperation;
 
-/// A long operation while it lives. Its end closes the progress window and clears CancelRequested.
+/// A long operation while it lives. It begins and ends with CancelRequested cleared, and its end closes the
+/// progress window.
 class LongOperation {
  public:
   /// Tells the user where another one runs; the new one is then refused and Started() is false.

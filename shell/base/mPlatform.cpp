@@ -54,6 +54,10 @@ void Platform::WriteFile(const std::string& path, const std::string& content) {
   const std::filesystem::path real = std::filesystem::weakly_canonical(path, ignored);
   const std::string target = ignored ? path : real.string();
   const std::string temporary = target + ".new";
+  const std::filesystem::file_status former = std::filesystem::status(target, ignored);
+  const bool replaced = std::filesystem::exists(former);
+  // a folder that may be written would let even a protected file be replaced
+  if (replaced && ::access(target.c_str(), W_OK) != 0) FailWriting(path, errno, {});
   std::FILE* file = std::fopen(temporary.c_str(), "wb");
   if (file == nullptr) FailWriting(path, errno, {});
   const bool written = std::fwrite(content.data(), 1, content.size(), file) == content.size();
@@ -61,6 +65,7 @@ void Platform::WriteFile(const std::string& path, const std::string& content) {
   const int writeError = errno;
   const bool closed = std::fclose(file) == 0;
   if (!flushed || !closed) FailWriting(path, flushed ? errno : writeError, temporary);
+  if (replaced) std::filesystem::permissions(temporary, former.permissions(), ignored);
   if (std::rename(temporary.c_str(), target.c_str()) != 0) FailWriting(path, errno, temporary);
 }
 

@@ -72,7 +72,8 @@ class Platform {
   /// True in the first running instance of the program.
   virtual bool FirstInstance() = 0;
   /// Writes a whole file under a temporary name beside it and renames it, so that the old content stays
-  /// until the new one is complete. Raises FileFailure.
+  /// until the new one is complete. The new one keeps its permissions; a file that may not be written stays
+  /// as it is. Raises FileFailure.
   virtual void WriteFile(const std::string& path, const std::string& content);
 };
 

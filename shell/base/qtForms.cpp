@@ -1,10 +1,13 @@
 #include "shell/base/qtForms.h"
 
+#include <QAbstractButton>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QPointer>
 #include <string>
 
 #include "shell/base/mFailure.h"
+#include "shell/base/mHelp.h"
 #include "shell/base/mLang.h"
 #include "shell/base/mPlatform.h"
 
@@ -39,6 +42,23 @@ class ChildFrame : public QMdiSubWindow {
     if (widget() != nullptr) widget()->close();
   }
 };
+
+}  // namespace
+
+namespace {
+
+/// Whether the key of help has been pressed in a window: told first as one that the window may take before
+/// the menus do.
+bool IsHelpKey(const QEvent& event) {
+  return (event.type() == QEvent::ShortcutOverride || event.type() == QEvent::KeyPress) &&
+         static_cast<const QKeyEvent&>(event).key() == Qt::Key_F1;
+}
+
+QAbstractButton* HelpButton(const QWidget& form) {
+  for (QAbstractButton* const button : form.findChildren<QAbstractButton*>())
+    if (button->objectName().startsWith(QLatin1String("cmdHelp")) && button->isVisible()) return button;
+  return nullptr;
+}
 
 }  // namespace
 
@@ -104,6 +124,14 @@ void ChildForm::SetFirstSize(int width, int height) {
   frame_->resize(width + border.width(), height + border.height());
 }
 
+bool ChildForm::event(QEvent* event) {
+  QAbstractButton* const help = IsHelpKey(*event) ? HelpButton(*this) : nullptr;
+  if (help == nullptr) return QWidget::event(event);
+  event->accept();
+  if (event->type() == QEvent::KeyPress) help->click();
+  return true;
+}
+
 ModalForm::ModalForm(const QString& name) : QDialog(WorkArea() != nullptr ? WorkArea()->window() : nullptr) {
   setObjectName(name);
   setModal(true);
@@ -123,6 +151,17 @@ void ModalForm::ShowForm() {
   show();
   raise();
   activateWindow();
+}
+
+bool ModalForm::event(QEvent* event) {
+  if (!IsHelpKey(*event)) return QDialog::event(event);
+  event->accept();
+  if (event->type() != QEvent::KeyPress) return true;
+  if (QAbstractButton* const help = HelpButton(*this))
+    help->click();
+  else
+    OpenHelpFile(0);
+  return true;
 }
 
 void ModalForm::UnloadForm() {

@@ -85,6 +85,8 @@ class ChildForm : public QWidget {
   /// Inner size of the window at its first showing, logical pixels.
   void SetFirstSize(int width, int height);
   void closeEvent(QCloseEvent* event) override;
+  /// F1 presses the window's help button, where it has one.
+  bool event(QEvent* event) override;
 
  private:
   QMdiSubWindow* frame_ = nullptr;
@@ -104,6 +106,8 @@ class ModalForm : public QDialog {
   void ShowForm();
   /// Ends it for real.
   void UnloadForm();
+  /// F1 presses the window's help button, or opens the contents where it has none.
+  bool event(QEvent* event) override;
 
  private:
   FormCalls* calls_ = nullptr;

@@ -1,4 +1,4 @@
-// The almanac as it is shown: notes in the place of times, the Moon's phase and its picture.
+// The almanac as it is shown: notes in the place of times, and the Moon's phase.
 #include "astro/mAlmanac.h"
 
 #include <cmath>
@@ -6,8 +6,6 @@
 #include "astro/mAstro.h"
 #include "astro/mMate.h"
 #include "shell/base/mFiles.h"
-#include "shell/base/mLang.h"
-#include "tests/fakes/RecordingSurface.h"
 #include "tests/fakes/TrappingArithmetic.h"
 
 namespace halvorine {
@@ -16,18 +14,9 @@ namespace {
 class AlmanacTest : public TrappingArithmetic {
  protected:
   AlmanacTest() {
-    LanguageLines = {"",
-                     "[frmRiseSet]",
-                     "sottoorizzonte=below",
-                     "sopraorizzonte=above",
-                     "nonsorge=no rise",
-                     "nontramonta=no set"};
-    LanguageLoaded = true;
+    Speak({"", "[frmRiseSet]", "sottoorizzonte=below", "sopraorizzonte=above", "nonsorge=no rise",
+           "nontramonta=no set"});
     ReadSkyObjects(ReadWholeFile(TEST_SOURCE_DIR "/data/planets.dat"));
-  }
-  ~AlmanacTest() override {
-    LanguageLines.clear();
-    LanguageLoaded = false;
   }
   static void Stand(double latitude, double longitude, double zone, int daylight = 0) {
     Site.Latitude = ToSingle(latitude);
@@ -47,17 +36,6 @@ TEST_F(AlmanacTest, PolesTellWhyNothingRises) {
     EXPECT_EQ(december.SunRise.Time, north ? "below" : "above");
     EXPECT_EQ(june.SunRise.Azimuth + december.SunSet.Azimuth, "");
   }
-  // in the fortnight around each equinox the Sun comes or goes once, and the Moon once in every fortnight
-  int rises = 0, moonEvents = 0;
-  Stand(90, 0, 0);
-  for (int day = 0; day < 366; ++day) {
-    const Almanac almanac = AlmanacOf(DateOf(2024, 1, 1) + day);
-    rises += almanac.SunRise.Azimuth.empty() ? 0 : 1;
-    moonEvents += almanac.MoonRise.Azimuth.empty() ? 0 : 1;
-    EXPECT_FALSE(almanac.MoonSet.Time.empty());
-  }
-  EXPECT_EQ(rises, 1);
-  EXPECT_NEAR(moonEvents, 366 / 27.3, 1);
 }
 
 // 1 March 2024 has no moonrise in Rome
@@ -94,18 +72,6 @@ TEST_F(AlmanacTest, PhaseIsThatOfTheDateAndLeavesTheClockAlone) {
   EXPECT_EQ(ClockFields.JulianDayNow, now);
   EXPECT_EQ(SkyObjectTable[Moon].RightAscension, ascension);
   EXPECT_EQ(SunLongitudeRad, sun);
-}
-
-TEST_F(AlmanacTest, LitPartGrowsToTheFullMoonAndItsPictureFillsTheBox) {
-  for (const auto& [phase, part] :
-       {std::pair{0.0, 0.0}, {60.0, 0.25}, {90.0, 0.5}, {180.0, 1.0}, {270.0, 0.5}})
-    EXPECT_NEAR(MoonLitPart(phase), part, 1e-8);
-  RecordingSurface surface(1000, 600);
-  DrawMoonPicture(surface, 45);
-  EXPECT_EQ(surface.drawn.front().kind, Primitive::Kind::Clear);
-  const Primitive rim = surface.drawn.back();
-  EXPECT_EQ(rim.from, (DeviceSpot{500, 300}));
-  EXPECT_NEAR(rim.y2, 252, 1e-9);
 }
 
 }  // namespace

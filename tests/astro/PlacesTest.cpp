@@ -67,29 +67,6 @@ TEST_F(Places, EclipticPoleKeepsTheFormerDeclination) {
   EXPECT_NE(rightAscension, -1);
 }
 
-TEST_F(Places, ShownPartsReturnToThePlaceTheyCameFrom) {
-  Site.Latitude = -33.75F;
-  ClockFields.LocalSiderealHours = 5.25;
-  for (int ra = 0; ra < 15; ++ra) {
-    for (int dec = 0; dec < 16; ++dec) {
-      const double rightAscension = 0.01 + 1.59 * ra;
-      const double declination = -89.7 + 11.3 * dec;
-      double azimuth = 0, altitude = 0;
-      EquatorialToHorizontal(rightAscension, declination, azimuth, altitude);
-      EquatorialParts parts;
-      HorizontalToEquatorial(azimuth * DegToRad, altitude * DegToRad, parts);
-      const double shownRa = DmsToDecimal(parts.raHours, parts.raMinutes, parts.raSeconds);
-      const double shownDec = DmsToDecimal(parts.decDegrees, parts.decMinutes, 0);
-      SCOPED_TRACE(testing::Message() << rightAscension << " " << declination);
-      // the parts are cut to whole seconds of time and minutes of arc
-      EXPECT_LT(std::remainder(rightAscension - shownRa, 24) * std::cos(declination * DegToRad), 1.1 / 3600);
-      EXPECT_GT(std::remainder(rightAscension - shownRa, 24) * std::cos(declination * DegToRad), -0.1 / 3600);
-      EXPECT_NEAR(std::fabs(declination), shownDec + 0.5 / 60, 0.51 / 60);
-      EXPECT_EQ(parts.decSign, declination < 0 ? '-' : '+');
-    }
-  }
-}
-
 TEST_F(Places, MeridianTakesHourAngleZeroWhereRoundingPassesOne) {
   // on the meridian 1 - c*c comes out at 0 or just below
   ClockFields.LocalSiderealHours = 3;

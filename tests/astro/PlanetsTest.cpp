@@ -25,15 +25,11 @@ TEST_F(Planets, PlacesAgreeWithReferenceValues) {
   }
 }
 
-/// Root mean square and largest distance that two-body orbits keep from the real sky, degrees.
-struct PlanetBound {
-  double rms, largest;
-};
-
 // the bounds lie a little above what the elements give over 1990 to 2050
 TEST_F(Planets, StayWithinTheOrbitsAccuracyOfAnIndependentEphemeris) {
   ReadSkyObjects(ReadWholeFile(std::string(TEST_SOURCE_DIR) + "/data/planets.dat"));
-  const std::array<PlanetBound, 7> bounds{
+  // root mean square and largest distance from the real sky, degrees
+  const std::array<std::array<double, 2>, 7> bounds{
       {{0.75, 2.3}, {0.03, 0.1}, {0.55, 2.3}, {0.17, 0.35}, {0.26, 0.43}, {0.15, 0.18}, {0.015, 0.025}}};
   std::array<Errors, 7> places, phases, sizes;
   for (const ReferenceRow& row : ReferenceRows("planets.csv", ',')) {
@@ -50,38 +46,11 @@ TEST_F(Planets, StayWithinTheOrbitsAccuracyOfAnIndependentEphemeris) {
   for (std::size_t i = 0; i < places.size(); ++i) {
     SCOPED_TRACE(SkyObjectTable[static_cast<int>(i) + 1].ObjectName);
     EXPECT_EQ(places[i].Count(), 60);
-    EXPECT_LT(places[i].Rms(), bounds[i].rms);
-    EXPECT_LT(places[i].Largest(), bounds[i].largest);
+    EXPECT_LT(places[i].Rms(), bounds[i][0]);
+    EXPECT_LT(places[i].Largest(), bounds[i][1]);
     EXPECT_LT(phases[i].Largest(), 0.04);
     EXPECT_LT(sizes[i].Largest(), 0.03);
   }
-}
-
-TEST_F(Planets, DistancesStayBetweenConjunctionAndOpposition) {
-  for (int day = 0; day < 4000; day += 13) {
-    UpdateSiderealTime(DateOf(2010, 1, 1) + day);
-    ComputePlanets();
-    for (int row = Mercury; row <= Neptune; ++row) {
-      const SkyObject& planet = SkyObjectTable[row];
-      const double far = planet.SemiMajorAxis * (1 + planet.Eccentricity);
-      const double near = planet.SemiMajorAxis * (1 - planet.Eccentricity);
-      EXPECT_LT(planet.Distance, far + 1.017) << row;
-      EXPECT_GT(planet.Distance, row <= Venus ? 0.983 - far : near - 1.017) << row;
-      EXPECT_GE(planet.Phase, 0);
-      EXPECT_LE(planet.Phase, 1);
-    }
-  }
-}
-
-TEST_F(Planets, EarthsOwnPlaneIsNotRead) {
-  UpdateSiderealTime(DateOf(2020, 6, 1));
-  ComputePlanets();
-  const SkyObject before = SkyObjectTable[Mars];
-  SkyObjectTable[Earth].OrbitInclination = 50;
-  SkyObjectTable[Earth].NodeLongitude = 123;
-  ComputePlanets();
-  EXPECT_EQ(SkyObjectTable[Mars].Declination, before.Declination);
-  EXPECT_EQ(SkyObjectTable[Mars].Magnitude, before.Magnitude);
 }
 
 TEST_F(Planets, FailingRowEndsTheRoutineAndKeepsWhatFollows) {
@@ -94,12 +63,6 @@ TEST_F(Planets, FailingRowEndsTheRoutineAndKeepsWhatFollows) {
   EXPECT_NE(SkyObjectTable[Venus].Declination, before[Venus].Declination);
   for (int row = Mars; row <= Neptune; ++row)
     EXPECT_EQ(SkyObjectTable[row].Declination, before[row].Declination) << row;
-
-  // a planet in the plane of the ecliptic and with the Earth's own orbit: nothing between them to divide by
-  SkyObjectTable[Mars] = SkyObjectTable[Earth];
-  EXPECT_THROW(ComputePlanets(), ArithmeticFailure);
-  SkyObjectTable[Earth].PeriodYears = 0;
-  EXPECT_THROW(ComputePlanets(), ArithmeticFailure);
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 #include "astro/mSkyTexts.h"
 
 #include "astro/mAstro.h"
-#include "shell/base/mLang.h"
 #include "tests/fakes/TrappingArithmetic.h"
 
 namespace halvorine {
@@ -11,9 +10,8 @@ namespace {
 class SkyTexts : public TrappingArithmetic {
  protected:
   SkyTexts() {
-    LanguageLines = {"",          "[Planets]", "venere=Venus", "marte=Mars", "sole=Sun",
-                     "luna=Moon", "",          "[frmObject]",  "stella=Star"};
-    LanguageLoaded = true;
+    Speak({"", "[Planets]", "venere=Venus", "marte=Mars", "sole=Sun", "luna=Moon", "", "[frmObject]",
+           "stella=Star"});
     for (int row = Mercury; row <= Moon; ++row) {
       SkyObjectTable[row].Distance = row;
       SkyObjectTable[row].Altitude = row % 4 * 10 - 15;
@@ -32,10 +30,6 @@ class SkyTexts : public TrappingArithmetic {
     SkyObjectTable[Sun].AngularDiameter = 1919.3;
     SkyObjectTable[Moon].Distance = 384401;
     SkyObjectTable[Moon].PhaseAngle = 1.0471975;  // 60 degrees: a quarter is lit
-  }
-  ~SkyTexts() override {
-    LanguageLines.clear();
-    LanguageLoaded = false;
   }
   static std::vector<std::string> Cells(const PlanetTable& table, int row) {
     std::vector<std::string> cells;
@@ -58,24 +52,6 @@ TEST_F(SkyTexts, RowsFollowTheirPictures) {
   EXPECT_EQ(Cells(table, 7),
             (Texts{"Sun", "-15.0°", "0.0°", "0h00m", "+0°00'", "", "", "8m19s", "149,597,871"}));
   EXPECT_EQ(Cells(table, 8), (Texts{"Moon", "-5.0°", "0.0°", "0h00m", "+0°00'", "", "", "1.3s", "384,401"}));
-}
-
-TEST_F(SkyTexts, ColumnsSortByTheirNumbersBothWaysAndEmptyCellsComeLast) {
-  PlanetTable table;
-  table.Refresh();
-  table.SortBy(6);
-  EXPECT_EQ(table.Cell(0, 6), "0.7");
-  EXPECT_EQ(table.Cell(6, 6), "7.0");
-  EXPECT_EQ(table.Cell(7, 6), "");
-  table.SortBy(6);
-  EXPECT_TRUE(table.Descending());
-  EXPECT_EQ(table.Cell(0, 6), "7.0");
-  EXPECT_EQ(table.Cell(8, 6), "");
-  SkyObjectTable[Venus].Distance = 30;
-  table.Refresh();
-  EXPECT_EQ(table.Cell(0, 0), "Venus") << "the order holds for new values";
-  table.SortBy(0);
-  EXPECT_EQ(table.Cell(8, 0), "Venus");
 }
 
 TEST_F(SkyTexts, ObjectShowsWhatItHas) {
@@ -103,15 +79,9 @@ TEST_F(SkyTexts, StarIsCalledByItsNameOrLetterAndStandsInTheObserversSky) {
             (Texts{"Rigel", "Orion", "β", "B8", "0.18", "05h 15m 00s", "-08° 12'"}));
   EXPECT_EQ(texts.Azimuth, "180.0°") << "on the meridian";
   EXPECT_EQ(texts.Altitude, "36.8°");
-  EXPECT_EQ(texts.Diameter + texts.Phase + texts.Distance + texts.LightTime, "");
   star.Name.clear();
   star.Letter = "p3";
   EXPECT_EQ(StarTexts(star).Name, "π³ Ori");
-  star.Letter.clear();
-  star.Constellation = "Xyz";
-  texts = StarTexts(star);
-  EXPECT_EQ(texts.Name, "Star");
-  EXPECT_EQ(texts.Constellation, "Xyz");
 }
 
 }  // namespace

@@ -99,20 +99,5 @@ TEST_F(SunMoon, MoonWithoutANewSunUsesTheSunOfTheFormerInstant) {
   EXPECT_NEAR((withFormerSun - SkyObjectTable[Moon].PhaseAngle) * RadToDeg, 9.8, 1);
 }
 
-TEST_F(SunMoon, PhaseWrapsFromJustUnderAWholeTurnAtNewMoon) {
-  // new moon of 8 April 2024, 18:21 UT
-  double before = 0, after = 0;
-  for (int hour = 12; hour <= 24; hour += 12) {
-    UpdateSiderealTime(AddSeconds(DateOf(2024, 4, 8), hour * 3600.0));
-    ComputeSun();
-    ComputeMoon();
-    (hour == 12 ? before : after) = SkyObjectTable[Moon].PhaseAngle;
-  }
-  EXPECT_GT(before, 6.2);
-  EXPECT_LT(before, TwoPi);
-  EXPECT_LT(after, 0.1);
-  EXPECT_GE(after, 0);
-}
-
 }  // namespace
 }  // namespace halvorine

@@ -2,18 +2,14 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "catalogue/mCatalogue.h"
-#include "shell/base/mForms.h"
-#include "shell/base/mLang.h"
+#include "shell/base/mText.h"
 #include "tests/fakes/FakePlatform.h"
+#include "tests/fakes/ProgramFolder.h"
 
 namespace halvorine {
 
@@ -40,8 +36,6 @@ inline std::string FileText(const std::vector<DatabaseEntry>& entries, const std
 class CatalogueTest : public testing::Test {
  protected:
   CatalogueTest() {
-    ResetSharedRecords();
-    ResetForms();
     PrimaryDatabase.Erase();
     SecondaryDatabase.Erase();
     DatabaseStats = {};
@@ -49,54 +43,21 @@ class CatalogueTest : public testing::Test {
     ActiveRows.clear();
     ChangeSortKey(Primary, SortKey::Name);
     ChangeSortKey(Secondary, SortKey::Name);
-    folder = std::filesystem::temp_directory_path() /
-             ("halvorine_" + std::to_string(::getpid()));  // of this run alone
-    std::filesystem::remove_all(folder);
-    std::filesystem::create_directories(folder);
-    AppPath = folder.string();
-    LanguageLines = {"",
-                     "[frmDatabase]",
-                     "satellitegiainelenco=already",
-                     "limiteraggiunto1=limit",
-                     "file=file",
-                     "nontrovato=gone",
-                     "databasecontiene=contains",
-                     "su=of",
-                     "",
-                     "[MDIForm1]",
-                     "necessariodb=needed",
-                     "comandoincorso=busy",
-                     "",
-                     "[Dialogs]",
-                     "formatononvalido=format",
-                     "",
-                     "[Def]",
-                     "giorni=days",
-                     "",
-                     "[frmProgress]",
-                     "letturasatelliti=reading"};
+    LanguageLines = Split(
+        "|[frmDatabase]|satellitegiainelenco=already|limiteraggiunto1=limit|file=file|nontrovato=gone|"
+        "databasecontiene=contains|su=of||[MDIForm1]|necessariodb=needed|comandoincorso=busy||[Dialogs]|"
+        "formatononvalido=format||[Def]|giorni=days||[frmProgress]|letturasatelliti=reading",
+        '|');
     LanguageLoaded = true;
     MagnitudeTable.assign(60001, "");
     ClockFields.JulianDayNow = 2459745.5;
   }
-  ~CatalogueTest() override {
-    LanguageLoaded = false;
-    LanguageLines.clear();
-    ResetForms();
-    std::filesystem::remove_all(folder);
-  }
 
   std::string Write(const std::string& name, const std::string& content) const {
-    const std::string path = (folder / name).string();
-    std::ofstream(path, std::ios::binary) << content;
-    return path;
+    folder.Write(name, content);
+    return folder.Path(name);
   }
-  std::string Content(const std::string& name) const {
-    std::ifstream file(folder / name, std::ios::binary);
-    std::ostringstream content;
-    content << file.rdbuf();
-    return content.str();
-  }
+  std::string Content(const std::string& name) const { return ProgramFolder::Read(folder.Path(name)); }
   void ReadPrimaryText(const std::string& text) { Database_satelliti(Write("primary.txt", text)); }
   void ReadSecondaryText(const std::string& text) {
     Database_satelliti_secondario(Write("secondary.txt", text));
@@ -133,8 +94,8 @@ class CatalogueTest : public testing::Test {
     return texts;
   }
 
+  ProgramFolder folder{false};
   FakePlatform platform;
-  std::filesystem::path folder;
 };
 
 }  // namespace halvorine

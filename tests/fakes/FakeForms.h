@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "astro/mConv.h"
 #include "shell/base/mForms.h"
 
 namespace halvorine {
@@ -66,6 +67,15 @@ class FakeDatabase : public FakeForm<DatabaseCalls> {
   void ActiveListChanged() override { Note("ActiveListChanged"); }
   void WarnOfOldElements(bool old) override { oldElements = old; }
   bool oldElements = false;
+};
+
+class FakeProgress : public FakeForm<ProgressCalls> {
+ public:
+  explicit FakeProgress(CallLog& log) : FakeForm("frmProgress", log) {}
+  void Begin(const std::string& task, double maximum) override { Note(task + " " + NumberText(maximum)); }
+  void SetTask(const std::string& task) override { Note(task); }
+  void SetValue(double value) override { values.push_back(value); }
+  std::vector<double> values;
 };
 
 class FakeLocalSky : public FakeForm<LocalSkyCalls> {

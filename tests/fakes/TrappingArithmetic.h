@@ -5,8 +5,12 @@
 #include <gtest/gtest.h>
 
 #include <cfenv>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "shell/base/mGlobal.h"
+#include "shell/base/mLang.h"
 
 namespace halvorine {
 
@@ -32,7 +36,15 @@ class ArithmeticTraps {
 class TrappingArithmetic : public testing::Test {
  protected:
   TrappingArithmetic() { ResetSharedRecords(); }
-  ~TrappingArithmetic() override { ResetSharedRecords(); }
+  ~TrappingArithmetic() override {
+    ResetSharedRecords();
+    LanguageLines.clear();
+    LanguageLoaded = false;
+  }
+  static void Speak(std::vector<std::string> languageLines) {
+    LanguageLines = std::move(languageLines);
+    LanguageLoaded = true;
+  }
 
  private:
   ArithmeticTraps traps_;

@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -27,12 +25,10 @@
 #include "shell/base/mReg.h"
 #include "shell/base/mStore.h"
 #include "shell/base/mText.h"
+#include "shell/mLocation.h"
 #include "sky/mStars.h"
 #include "tests/fakes/FakePlatform.h"
-
-#if __has_include("shell/mLocation.h")
-#include "shell/mLocation.h"
-#endif
+#include "tests/fakes/ProgramFolder.h"
 
 namespace halvorine {
 namespace {
@@ -45,29 +41,14 @@ constexpr std::size_t magnitudes = 26001;
 class Bench {
  public:
   Bench() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "halvorine-fuzz-XXXXXX").string();
-    if (::mkdtemp(pattern.data()) == nullptr) std::abort();
-    folder_ = pattern;
-    platform.settingsFile = Path("settings.txt");
+    platform.settingsFile = folder.SettingsFile();
     platform.millisecondsPerLook = 50;  // every look at the clock is a yield
-  }
-  ~Bench() {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
-  }
-  Bench(const Bench&) = delete;
-  Bench& operator=(const Bench&) = delete;
-
-  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
-  void Write(const std::string& name, std::string_view content) const {
-    std::ofstream(Path(name), std::ios::binary) << content;
   }
   /// What every input finds.
   void Prepare() {
     platform.messages.clear();
     platform.fileQuestions.clear();
     platform.answers.clear();
-    AppPath = folder_.string();
     if (MagnitudeTable.size() != magnitudes) MagnitudeTable.assign(magnitudes, "5.0");
     FrequencyTable.clear();
     ClockFields.JulianDayNow = 2459745.5;
@@ -86,10 +67,8 @@ class Bench {
     Prepare();
   }
 
+  ProgramFolder folder{false};
   FakePlatform platform;
-
- private:
-  std::filesystem::path folder_;
 };
 
 Bench& TheBench() {
@@ -171,7 +150,7 @@ void States(std::string_view text) {
 }
 
 void Language(std::string_view text) {
-  TheBench().Write("Language.ini", text);
+  TheBench().folder.Write("Language.ini", std::string(text));
   LanguageFile = "Language.ini";
   LanguageLoaded = false;
   ReadLanguageDates();
@@ -181,7 +160,7 @@ void Language(std::string_view text) {
 
 void Settings(std::string_view text) {
   Bench& bench = TheBench();
-  bench.Write("settings.txt", text);
+  ProgramFolder::WriteTo(bench.folder.SettingsFile(), std::string(text));
   ForgetSettings();
   bench.platform.answers.assign(200, MessageAnswer::Yes);
   LoadSettings();
@@ -199,14 +178,10 @@ void Settings(std::string_view text) {
 }
 
 void Places(std::string_view text) {
-#if __has_include("shell/mLocation.h")
-  TheBench().Write("cities.dat", text);
+  TheBench().folder.Write("cities.dat", std::string(text));
   ReadCities();
   Demand(CitiesByName().size() == Cities.size());
   if (!Cities.empty()) StoreCity(1, City(CityOf(1)));
-#else
-  static_cast<void>(text);
-#endif
 }
 
 void Magnitudes(std::string_view text) {
@@ -227,7 +202,7 @@ void Frequencies(std::string_view text) {
 void ActiveList(std::string_view text) {
   Bench& bench = TheBench();
   bench.Clear();
-  bench.Write("Halvorine.ini", text);
+  bench.folder.Write("Halvorine.ini", std::string(text));
   LoadActiveList();
   DecodeActiveList();
   if (ActiveCount > 1) {
@@ -250,15 +225,15 @@ void Planets(std::string_view text) {
 void Figures(std::string_view text) {
   const Bench& bench = TheBench();
   const std::size_t half = std::min(text.find('@'), text.size());
-  bench.Write("stars.bin", std::string(starRecord * CatalogueStars, '\0'));
-  bench.Write("clines.dat", text.substr(0, half));
-  bench.Write("cnames.dat", text.substr(std::min(half + 1, text.size())));
+  bench.folder.Write("stars.bin", std::string(starRecord * CatalogueStars, '\0'));
+  bench.folder.Write("clines.dat", std::string(text.substr(0, half)));
+  bench.folder.Write("cnames.dat", std::string(text.substr(std::min(half + 1, text.size()))));
   LoadSkyData();
 }
 
 void Stars(std::string_view text) {
   const Bench& bench = TheBench();
-  bench.Write("stars.bin", text);
+  bench.folder.Write("stars.bin", std::string(text));
   const int records = static_cast<int>(text.size() / starRecord);
   for (int number = 1; number <= records + 1; ++number) {
     try {
@@ -274,10 +249,10 @@ void Stars(std::string_view text) {
 void ElementFiles(std::string_view text) {
   Bench& bench = TheBench();
   bench.Clear();
-  bench.Write("elements.txt", text);
+  bench.folder.Write("elements.txt", std::string(text));
   for (const int index : {Primary, Secondary}) {
-    index == Primary ? Database_satelliti(bench.Path("elements.txt"))
-                     : Database_satelliti_secondario(bench.Path("elements.txt"));
+    index == Primary ? Database_satelliti(bench.folder.Path("elements.txt"))
+                     : Database_satelliti_secondario(bench.folder.Path("elements.txt"));
     Demand(ListedRows(index)->Count() == DatabaseOf(index).Count());
     StatsTextsOf(index);
     for (int key = SortKeyCount - 1; key >= 0; --key) ChangeSortKey(index, static_cast<SortKey>(key));
@@ -285,7 +260,7 @@ void ElementFiles(std::string_view text) {
   std::vector<int> numbers;
   for (int number = 1; number <= PrimaryDatabase.Count(); ++number) numbers.push_back(number);
   AddSelected(Primary, numbers);
-  Database_satelliti(bench.Path("elements.txt"));
+  Database_satelliti(bench.folder.Path("elements.txt"));
   Demand(ActiveRows.size() == static_cast<std::size_t>(ActiveCount));
   RemoveSelected({0});
 }

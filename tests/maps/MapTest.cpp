@@ -81,13 +81,6 @@ TEST_F(MapTest, TerminatorIsAQuarterTurnFromTheSunAndEndsNowhereOnTheEquinox) {
   EXPECT_EQ(BuildNightTable(subsolar, 0)[100].Latitude, BuildNightTable(subsolar, 0.5)[100].Latitude);
 }
 
-TEST_F(MapTest, SubsolarLongitudeFollowsTheHourAngle) {
-  EXPECT_EQ(SubsolarLongitude(5, 5), 0);
-  EXPECT_EQ(SubsolarLongitude(11, 5), -90);
-  EXPECT_EQ(SubsolarLongitude(17, 5), 180);
-  EXPECT_EQ(SubsolarLongitude(2, 8), 90);
-}
-
 TEST_F(MapTest, CircleAgreesWithReferenceAndIsClosed) {
   for (const ReferenceRow& row : ReferenceRows("map.txt", '|', "circle")) {
     const CirclePoints points = VisibilityCircle(row.Number(1), row.Number(2), row.Number(3));
@@ -100,23 +93,6 @@ TEST_F(MapTest, CircleAgreesWithReferenceAndIsClosed) {
   }
   EXPECT_THROW(VisibilityCircle(6300, 0, 0), ArithmeticFailure);
   EXPECT_THROW(VisibilityCircle(0, 0, 0), ArithmeticFailure);
-}
-
-TEST_F(MapTest, GlobePictureIsCentredTwiceAsWideAsHighAndNeverHigherThanTheBoxIsWide) {
-  struct Case {
-    double width, height, x, y, shownWidth, shownHeight;
-  };
-  for (const Case& c : {Case{1000, 400, 100, 0, 800, 400}, Case{500, 400, -150, 0, 800, 400},
-                        Case{300, 400, -150, 50, 600, 300}}) {
-    const PicturePlace place = PlaceMapPicture(kindOrtho, c.width, c.height);
-    EXPECT_EQ(place.X, c.x);
-    EXPECT_EQ(place.Y, c.y);
-    EXPECT_EQ(place.Width, c.shownWidth);
-    EXPECT_EQ(place.Height, c.shownHeight);
-  }
-  const PicturePlace flat = PlaceMapPicture(kindRecta, 300, 400);
-  EXPECT_EQ(flat.Width, 300);
-  EXPECT_EQ(flat.Height, 400);
 }
 
 TEST_F(MapTest, GlobeIsRoundInAnyWindow) {

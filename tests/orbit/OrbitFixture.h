@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -36,6 +37,37 @@ inline void TakeWorkingElements(int slot) { ComputeSatelliteState(slot, ElementS
 /// Largest difference of three numbers.
 inline double Apart(const std::array<double, 3>& a, const std::array<double, 3>& b) {
   return std::max({std::fabs(a[0] - b[0]), std::fabs(a[1] - b[1]), std::fabs(a[2] - b[2])});
+}
+
+/// The numbers of a state by their names, and the Sun's elevation that was computed with it.
+inline std::map<std::string, double> NumbersOf(const SatelliteState& s) {
+  return {{"Elevation", s.Elevation},
+          {"Azimuth", s.Azimuth},
+          {"IlluminatedFraction", s.IlluminatedFraction},
+          {"PhaseAngle", s.PhaseAngle},
+          {"Condition", static_cast<double>(s.Condition)},
+          {"MagnitudeKind", static_cast<double>(s.Magnitude.kind)},
+          {"MagnitudeValue", s.Magnitude.value},
+          {"LatitudeAbs", s.LatitudeAbs},
+          {"LongitudeAbs", s.LongitudeAbs},
+          {"GeocentricRadius", s.GeocentricRadius},
+          {"OrbitNumber", s.OrbitNumber},
+          {"RangeRate", s.RangeRate},
+          {"ApogeeHeight", s.ApogeeHeight},
+          {"PerigeeHeight", s.PerigeeHeight},
+          {"Speed", s.Speed},
+          {"Height", s.Height},
+          {"Range", s.Range},
+          {"Period", s.Period},
+          {"LatitudeSigned", s.LatitudeSigned},
+          {"LongitudeEast", s.LongitudeEast},
+          {"GeocentricLatitude", s.GeocentricLatitude},
+          {"Longitude360", s.Longitude360},
+          {"TopoUp", s.TopoUp},
+          {"TopoEast", s.TopoEast},
+          {"TopoNorth", s.TopoNorth},
+          {"SunElevationDeg", SunElevationDeg},
+          {"SunElevationRad", SunElevationRad}};
 }
 
 inline const char* const issName = "ISS (ZARYA)";

@@ -50,44 +50,6 @@ TEST_F(Search, ReferenceBracketsMinimaAndRoots) {
   EXPECT_TRUE(platform.messages.empty());
 }
 
-TEST_F(Search, RootsOfPlainFunctions) {
-  struct Row {
-    double (*f)(double);
-    double lower, upper, root;
-  };
-  const std::array<Row, 5> rows{{{[](double x) { return x * x * x - 2; }, 0, 2, std::cbrt(2.0)},
-                                 {[](double x) { return std::cos(x); }, 3, 0, M_PI / 2},
-                                 {[](double x) { return std::exp(x) - 1e-3; }, -50, 50, std::log(1e-3)},
-                                 {[](double x) { return x - 5; }, 2, 5, 5},
-                                 {[](double x) { return x < 1 ? -1.0 : 1.0; }, 0, 3, 1}}};
-  for (const Row& row : rows) {
-    Told f(row.f);
-    double root = -1;
-    FindRootBracketed(f, row.lower, row.upper, root);
-    EXPECT_NEAR(root, row.root, 2e-10);
-  }
-}
-
-TEST_F(Search, RootAtTheUpperEndIsTakenAtOnce) {
-  Told f([](double x) { return x - 5; });
-  double root = 0;
-  FindRootBracketed(f, 2, 5, root);
-  EXPECT_EQ(root, 5);
-  EXPECT_EQ(f.calls, 2);
-}
-
-TEST_F(Search, MinimaOfPlainFunctions) {
-  // the tolerance is made for Julian days; near zero it would be out of reach
-  Told parabola([](double x) { return (x - 2458001.25) * (x - 2458001.25) + 3; });
-  double time = 0, value = 0;
-  MinimizeBracketed(parabola, 2458000, 2458003, time, value);
-  EXPECT_NEAR(time, 2458001.25, 1e-7);
-  EXPECT_NEAR(value, 3, 1e-12);
-  Told atTheEnd([](double x) { return x; });
-  MinimizeBracketed(atTheEnd, 2458001, 2458002, time, value);
-  EXPECT_NEAR(time, 2458001, 2e-7);
-}
-
 TEST_F(Search, NoConvergenceShowsTheMessageOnceAndLeavesTheResults) {
   // a jump over many powers of ten keeps the root finder busy, noise the minimiser
   Told jump([](double x) { return x < 1e-9 ? -1e-300 : 1e300; });

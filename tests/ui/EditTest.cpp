@@ -208,13 +208,5 @@ TEST_F(Arranging, MinimizedWindowsStandInARowAtTheBottom) {
   EXPECT_TRUE(frames[0]->isMinimized()) << "tiles leave minimized windows alone";
 }
 
-TEST_F(Arranging, AnEmptyWorkAreaIsArrangedWithoutEffect) {
-  Start();
-  for (const char* const item : {"mnuFinestreDiscesa", "mnuFinestreDisponiOrizzontale",
-                                 "mnuFinestreDisponiVerticale", "mnuFinestreDisponiTutto"})
-    Item(item)->trigger();
-  EXPECT_FALSE(Form("frmTime")->isVisible());
-}
-
 }  // namespace
 }  // namespace halvorine

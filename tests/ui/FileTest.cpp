@@ -1,64 +1,25 @@
 // The windows that work on files, driven by clicks and keys through the main window: editor, viewer, summary,
 // formatting, channels, printing, and what happens to unsaved texts.
-#include <gtest/gtest.h>
-
-#include <QDir>
 #include <QHeaderView>
 #include <QMdiSubWindow>
 #include <QPushButton>
-#include <QTest>
 #include <algorithm>
 
-#include "astro/mConv.h"
 #include "catalogue/frmChannel.h"
 #include "catalogue/frmFile.h"
 #include "controls/GraphButton.h"
 #include "controls/qtPrint.h"
 #include "prediction/frmDetails.h"
-#include "shell/MDIForm1.h"
 #include "shell/base/mFiles.h"
-#include "shell/base/mLang.h"
-#include "shell/base/mReg.h"
-#include "shell/mStart.h"
-#include "shell/qtApplication.h"
-#include "tests/fakes/FakePlatform.h"
-#include "tests/fakes/ProgramFolder.h"
+#include "tests/fakes/RunningProgram.h"
 
 namespace halvorine {
 namespace {
 
-/// Folder for pictures of the windows, from the environment; no pictures without it.
-void SavePicture(QWidget* window, const QString& name) {
-  const QString folder = qEnvironmentVariable("HALVORINE_PICTURES");
-  if (!folder.isEmpty()) window->grab().save(QDir(folder).filePath(name + QStringLiteral(".png")));
-}
-
-class FileTest : public testing::Test {
+class FileTest : public RunningProgram {
  protected:
-  FileTest() {
-    platform_.settingsFile = folder_.SettingsFile();
-    platform_.onYield = [] { QCoreApplication::processEvents(); };
-    platform_.clockUtc = DateOf(2022, 6, 14) + 0.5;
-    SaveRegistryString(settingsApplication, "Generali", "Lingua", "English.ini");
-    SaveRegistryString(settingsApplication, "Database", "Primario", folder_.Path("elements/sample.txt"));
-    RegisterWindows();
-    StartStageOne({.chooseLanguage = [] {}});
-    window_ = std::make_unique<MDIForm1>();
-    window_->Load();
-  }
-  ~FileTest() override {
-    SetPrinterAnswer({});
-    UnloadAllForms("MDIForm1");
-    window_.reset();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  }
-
-  void Run(const char* command) {
-    QAction* const item = Control<QAction>(window_.get(), command);
-    ASSERT_TRUE(item->isEnabled()) << command;
-    item->trigger();
-    QCoreApplication::processEvents();
-  }
+  FileTest() { Start(); }
+  ~FileTest() override { SetPrinterAnswer({}); }
   /// The window of a type that was opened last, or null.
   template <class Form>
   Form* Newest() {
@@ -84,10 +45,6 @@ class FileTest : public testing::Test {
   QString LastText() const {
     return platform_.messages.empty() ? QString() : ToQ(platform_.messages.back().text);
   }
-
-  ProgramFolder folder_;
-  FakePlatform platform_;
-  std::unique_ptr<MDIForm1> window_;
 };
 
 TEST_F(FileTest, NewTextsAreNumberedAndStandOpenAtOnce) {
@@ -222,16 +179,11 @@ TEST_F(FileTest, ViewerShowsAFileSortsByItsHeadingsAndTellsWhatIsNone) {
   EXPECT_EQ(form->windowTitle(), Text("Dialogs", "visualizzatle") + " - " + ToQ(folder_.Path("crlf.txt")));
   EXPECT_EQ(list->model()->columnCount(), 11);
   ASSERT_EQ(list->model()->rowCount(), 2);
-  const auto clickHeading = [list](int column) {
-    QHeaderView* const header = list->header();
-    QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
-                      QPoint(header->sectionViewportPosition(column) + 8, header->height() / 2));
-  };
   const auto name = [list](int row) { return list->model()->index(row, 1).data().toString(); };
-  clickHeading(1);
+  ClickHeading(list, 1);
   const QString smaller = name(0);
   EXPECT_LT(smaller.toLower(), name(1).toLower());
-  clickHeading(1);
+  ClickHeading(list, 1);
   EXPECT_EQ(name(1), smaller);
   EXPECT_EQ(platform_.waitDepth, 0);
 
@@ -315,24 +267,6 @@ TEST_F(FileTest, ViewerThatIsClosedInTheMiddleOfItsWorkEndsQuietly) {
   EXPECT_GT(Control<QTreeView>(Newest<frmDetails>(), "ListView1")->model()->rowCount(), 100);
 }
 
-TEST_F(FileTest, RowsTakeThePlaceOfTheSummaryAndGrowWithTheWidest) {
-  auto* const details = Load<DetailsCalls>("frmDetails");
-  details->Show();
-  details->BeginRows("Table");
-  details->AddRow("one");
-  details->AddRow(std::string(200, 'x'));
-  auto* const form = Newest<frmDetails>();
-  auto* const list = Control<RowList>(form, "List1");
-  QCoreApplication::processEvents();
-  EXPECT_TRUE(list->isVisible());
-  EXPECT_EQ(list->RowCount(), 2);
-  EXPECT_GT(list->visualRect(list->model()->index(0, 0)).width(), 1000);
-  platform_.chosenFiles = {folder_.Path("rows.txt")};
-  form->Salva();
-  EXPECT_EQ(ProgramFolder::Read(folder_.Path("rows.txt")),
-            "one\r\n" + std::string(200, 'x') + "\r\nItaly: Milano - Times in zone UTC+01:00\r\n");
-}
-
 TEST_F(FileTest, ActiveWindowIsPrintedToAFileAndACancelPrintsNothing) {
   Run("mnuFileStampa");  // no window is open
   EditNew("printed");
@@ -399,33 +333,6 @@ TEST_F(FileTest, ChannelIsChosenByKeysAndByADoubleClick) {
   EXPECT_EQ(strange.Channel(), 77) << "without a choice nothing changes";
   EXPECT_THROW(strange.Fill(1, 10), SubscriptFailure);
   EXPECT_THROW(strange.Fill(0, 0), SubscriptFailure);
-}
-
-TEST_F(FileTest, NothingIsCutInAnyLanguage) {
-  for (const std::string& language : InstalledLanguages()) {
-    ChooseLanguage(language);
-    UnloadAllForms("MDIForm1");
-    window_->Lingua();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    auto* const details = Load<DetailsCalls>("frmDetails");
-    details->Show();
-    Database_satelliti(folder_.Path("elements/sample.txt"));
-    details->Sommario(0);
-    QCoreApplication::processEvents();
-    const QHeaderView* const header = Control<QTreeView>(Newest<frmDetails>(), "ListView1")->header();
-    for (int column = 0; column < header->count(); ++column)
-      EXPECT_GE(header->sectionSize(column), header->sectionSizeHint(column)) << language << " " << column;
-    SavePicture(Newest<frmDetails>()->Frame(), QStringLiteral("details-") + ToQ(language));
-    frmChannel dialog;
-    dialog.Fill(1, 0);
-    dialog.show();
-    for (const QLabel* const label : dialog.findChildren<QLabel*>())
-      EXPECT_GE(label->width(), label->sizeHint().width()) << language;
-    for (const QPushButton* const button : dialog.findChildren<QPushButton*>())
-      EXPECT_GE(button->width(), button->sizeHint().width()) << language;
-    SavePicture(&dialog, QStringLiteral("channel-") + ToQ(language));
-    EXPECT_FALSE(FindProgramFile(LookupText("Help", "file")).empty()) << language;
-  }
 }
 
 }  // namespace

@@ -1,13 +1,11 @@
-// A main window with every kind of control, for pictures of the look.
+// Pictures of windows and what they hold at night.
 #pragma once
 
-#include <QMainWindow>
+#include <QImage>
 #include <QString>
-#include <memory>
+#include <QWidget>
 
 namespace halvorine {
-
-std::unique_ptr<QMainWindow> MakeSampler();
 
 /// Saves a picture of a window among the artefacts of the build and gives it back.
 QImage Grabbed(QWidget* window, const QString& name);

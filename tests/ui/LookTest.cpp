@@ -2,16 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractItemView>
-#include <QCalendarWidget>
-#include <QComboBox>
 #include <QDialog>
 #include <QLabel>
-#include <QMdiArea>
-#include <QMdiSubWindow>
-#include <QMenu>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 
@@ -67,11 +60,6 @@ class Look : public testing::Test {
   }
 };
 
-TEST_F(Look, NightIsToldByThePalette) {
-  EXPECT_TRUE(IsNight(NightPalette()));
-  EXPECT_FALSE(IsNight(DayPalette()));
-}
-
 TEST_F(Look, DayTextsAreReadable) {
   const auto luminance = [](const QColor& c) {
     const auto part = [](double v) { return v <= 0.03928 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4); };
@@ -91,45 +79,6 @@ TEST_F(Look, DayTextsAreReadable) {
       const double a = luminance(day.color(group, text)), b = luminance(day.color(group, ground));
       EXPECT_GE((std::max(a, b) + 0.05) / (std::min(a, b) + 0.05), 4.8) << text << " on " << ground;
     }
-}
-
-TEST_F(Look, NightWindowsAreRedAndBlack) {
-  ApplyNight(true);
-  const auto sampler = MakeSampler();
-  QCoreApplication::processEvents();
-  EXPECT_EQ(PixelsNotRed(Grabbed(sampler.get(), "sampler-night")), 0);
-  auto* const menu = sampler->findChild<QMenu*>("mnuFile");
-  menu->popup(QPoint(0, 0));
-  EXPECT_EQ(PixelsNotRed(Grabbed(menu, "menu-night")), 0);
-  menu->hide();
-  QCalendarWidget calendar;
-  calendar.setSelectedDate(QDate(2022, 6, 14));
-  EXPECT_EQ(PixelsNotRed(Grabbed(&calendar, "calendar-night")), 0);
-  auto* const combo = sampler->findChild<QComboBox*>("cmbSample");
-  combo->showPopup();
-  EXPECT_EQ(PixelsNotRed(Grabbed(combo->view()->window(), "combo-night")), 0);
-  combo->hidePopup();
-  sampler->findChild<QMdiArea*>()->subWindowList().first()->showMaximized();
-  EXPECT_EQ(PixelsNotRed(Grabbed(sampler.get(), "maximised-night")), 0);
-}
-
-TEST_F(Look, SamplerByDay) {
-  const auto sampler = MakeSampler();
-  QCoreApplication::processEvents();
-  Grabbed(sampler.get(), "sampler-day");
-  auto* const menu = sampler->findChild<QMenu*>("mnuFile");
-  menu->popup(QPoint(0, 0));
-  Grabbed(menu, "menu-day");
-  menu->hide();
-  QCalendarWidget calendar;
-  calendar.setSelectedDate(QDate(2022, 6, 14));
-  Grabbed(&calendar, "calendar-day");
-  auto* const combo = sampler->findChild<QComboBox*>("cmbSample");
-  combo->showPopup();
-  Grabbed(combo->view()->window(), "combo-day");
-  combo->hidePopup();
-  sampler->findChild<QMdiArea*>()->subWindowList().first()->showMaximized();
-  Grabbed(sampler.get(), "maximised-day");
 }
 
 /// Runs something once a modal window has opened; gives the window to it.
@@ -153,17 +102,6 @@ TEST_F(Look, IconsFollowTheNight) {
   const QImage night = open.pixmap(24).toImage();
   EXPECT_NE(day, night);
   EXPECT_EQ(PixelsNotRed(night), 0);
-}
-
-TEST_F(Look, EveryNumberHasItsPicture) {
-  for (int number = 1; number <= 33; ++number) {
-    EXPECT_EQ(MapIcon(number).size(), QSize(24, 24)) << number;
-    EXPECT_EQ(MapIconIn(number, true, 2).size(), QSize(48, 48)) << number;
-  }
-  EXPECT_TRUE(MapIcon(0).isNull());
-  EXPECT_TRUE(MapIcon(34).isNull());
-  EXPECT_EQ(SecondIcon(6).size(), QSize(24, 24));
-  EXPECT_TRUE(SecondIcon(1).isNull());
 }
 
 TEST_F(Look, GraphButtonPutsItsPictureAtTheChosenSide) {
@@ -373,20 +311,6 @@ TEST_F(Look, AboutBoxEndsByAKeyAndTheSplashDoesNot) {
   Grabbed(&about, "splash");
   ApplyNight(true);
   EXPECT_EQ(PixelsNotRed(Grabbed(&about, "splash-night")), 0);
-}
-
-TEST_F(Look, OpenWindowsTurnAtOnce) {
-  QWidget plain;
-  QPushButton button("A", &plain);
-  plain.show();
-  ApplyNight(true);
-  EXPECT_TRUE(IsNight(QApplication::palette()));
-  EXPECT_TRUE(IsNight(plain.palette()));
-  EXPECT_TRUE(IsNight(button.palette()));
-  EXPECT_TRUE(button.font().bold());
-  ApplyNight(false);
-  EXPECT_FALSE(IsNight(plain.palette()));
-  EXPECT_FALSE(button.font().bold());
 }
 
 }  // namespace

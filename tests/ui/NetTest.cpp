@@ -59,7 +59,7 @@ class NetTest : public RunningProgram {
   }
   std::string TextOf(const char* name) { return FromQ(In<QLabel>(name)->text()); }
   std::string Status() { return TextOf("lblStatus"); }
-  void Click(const char* name) { QTest::mouseClick(In<QPushButton>(name), Qt::LeftButton); }
+  void Click(const char* name) { RunningProgram::Click(dialog_, name); }
   bool Running() { return !In<QPushButton>("cmdOK")->isEnabled(); }
   void Begin(const std::string& entry, const std::string& target) {
     In<QComboBox>("cmbFileRemoto")->setEditText(ToQ(entry));
@@ -151,6 +151,9 @@ TEST_F(NetTest, EveryAnswerEndsInItsState) {
       {chunked + "5hello", End::Close, "", part},
       {chunked + "2\r\nab\r\n5\r\ncde", End::Close, "abcde", part},
       {std::string(head) + "\r\nbody", End::Stay, oldText, stopped},
+      {sized("Content-Length: 5"), End::Stay, oldText, stopped},
+      {sized("Content-Length: 4"), End::Stay, "body", complete},
+      {chunked + "2\r\nab\r\n0\r\n\r\n", End::Stay, "ab", complete},
       {std::string(head), End::Reset, oldText, stopped},
   };
   TestServer server;

@@ -1,4 +1,5 @@
 // Night colours over the whole program, and the floating panel.
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
@@ -31,7 +32,6 @@ namespace {
 
 class NightTest : public RunningProgram {
  protected:
-  ~NightTest() override { SwitchNightColours(false); }
   void Night() { Item("mnuVisualizzaColoriNotte")->trigger(); }
   /// A window that is waited for is looked at while it stands, and left.
   static void LookAtModal(int* looked) {
@@ -97,6 +97,14 @@ TEST_F(NightTest, FieldsWithACursorAndTheToolkitsFileDialogAreRedToo) {
   QComboBox combo;
   combo.setObjectName(QStringLiteral("combo"));
   combo.setEditable(true);
+  Menu("mnuFile")->popup(QPoint(0, 0));
+  ExpectRed(Menu("mnuFile"));
+  Menu("mnuFile")->close();
+  combo.addItems({QStringLiteral("one"), QStringLiteral("two")});
+  combo.show();
+  combo.showPopup();
+  ExpectRed(combo.view()->window());
+  combo.hidePopup();
   QWidget* const shown[] = {&dialog, &text, &combo};
   for (QWidget* const window : shown) {
     window->show();

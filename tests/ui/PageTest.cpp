@@ -24,11 +24,6 @@ class PrintedCharts : public RunningProgram {
   }
   ~PrintedCharts() override { SetPrinterAnswer({}); }
 
-  void Run(const char* item) {
-    ASSERT_TRUE(Item(item)->isEnabled()) << item;
-    Item(item)->trigger();
-    QCoreApplication::processEvents();
-  }
   void SwitchOn(const std::vector<const char*>& items) {
     for (const char* const item : items)
       if (!Item(item)->isChecked()) Run(item);
@@ -143,7 +138,8 @@ TEST_F(PrintedCharts, PreviewShowsThePagesAndAFailureIsTold) {
   Run("mnuFileStampa");
   EXPECT_TRUE(seen);
   const bool tick = TickEnabled;
-  for (const QString& path : {ToQ(folder_.Path("missing/chart.pdf")), QString()}) {
+  for (const QString& path :
+       {ToQ(folder_.Path("missing/chart.pdf")), QString(), QStringLiteral("/dev/full")}) {
     SetPrinterAnswer([path](QPrinter& printer) {
       printer.setOutputFormat(QPrinter::PdfFormat);
       printer.setOutputFileName(path);
@@ -155,6 +151,9 @@ TEST_F(PrintedCharts, PreviewShowsThePagesAndAFailureIsTold) {
     EXPECT_EQ(platform_.messages[0].text, LookupText("frmPreview", "nonstampato"));
     EXPECT_EQ(TickEnabled, tick);
   }
+  platform_.messages.clear();
+  Printed("mnuFileStampa", QStringLiteral("after-failures"));
+  EXPECT_TRUE(platform_.messages.empty()) << "a full disk is forgotten by the next page";
 }
 
 }  // namespace

@@ -23,27 +23,12 @@ namespace {
 
 class Panels : public RunningProgram {
  protected:
-  Panels() { ApplyNight(false); }
-  void Run(const char* command) {
-    ASSERT_TRUE(Item(command)->isEnabled()) << command;
-    Item(command)->trigger();
-    QCoreApplication::processEvents();
-  }
-  void Tick(double seconds = 1) {
-    platform_.clockUtc = AddSeconds(platform_.clockUtc, seconds);
-    tmrCentrale_Timer();
-  }
   QLabel* Label(const char* form, const char* name, int index = -1) {
     return Control<QLabel>(Form(form), name, index);
   }
   std::string Told(const char* form, const char* name, int index = -1) {
     return FromQ(Label(form, name, index)->text());
   }
-  static void Click(QWidget* form, const char* name, int index = -1) {
-    QTest::mouseClick(Control<QPushButton>(form, name, index), Qt::LeftButton);
-    QCoreApplication::processEvents();
-  }
-  void Click(const char* form, const char* name, int index = -1) { Click(Form(form), name, index); }
   /// The modal window that stands open now; null, with a failure, where it is another one or none.
   static QDialog* Modal(const char* name) {
     QCoreApplication::processEvents();
@@ -94,7 +79,7 @@ TEST_F(Panels, LivePanelPagesAndKeepsItsNamesOnEveryTab) {
   Start(12);
   Run("mnuEffemeridiSatelliti");
   const auto expectPage = [this](int first, const char* button) {
-    if (*button != '\0') Click("frmTrack", button);
+    if (*button != '\0') Click(Form("frmTrack"), button);
     EXPECT_EQ(Told("frmTrack", "lblSatellite"),
               "Satellites:  " + std::to_string(first) + " - " + std::to_string(first + 9));
     EXPECT_EQ(Told("frmTrack", "lblName", 0), ElementLines[first].name);
@@ -109,7 +94,7 @@ TEST_F(Panels, LivePanelPagesAndKeepsItsNamesOnEveryTab) {
   auto* const tabs = Control<QTabWidget>(Form("frmTrack"), "SSTab1");
   ASSERT_EQ(tabs->count(), 4);
   for (int tab = 0; tab < 4; ++tab) {
-    QTest::mouseClick(tabs->tabBar(), Qt::LeftButton, {}, tabs->tabBar()->tabRect(tab).center());
+    ClickTab(tabs, tab);
     EXPECT_EQ(tabs->currentIndex(), tab);
     EXPECT_TRUE(Label("frmTrack", "lblName", 9)->isVisible());
     EXPECT_TRUE(tabs->currentWidget()->isAncestorOf(Label("frmTrack", "lblName", 9)));
@@ -216,15 +201,15 @@ TEST_F(Panels, AlmanacStepsThroughDaysAndMonths) {
                                                  {"cmdGiornoDopo", QDate(2022, 6, 15)},
                                                  {"cmdGiornoPrima", QDate(2022, 6, 14)}};
   for (const auto& [button, date] : steps) {
-    Click("frmRiseSet", button);
+    Click(Form("frmRiseSet"), button);
     EXPECT_EQ(picker->date(), date) << button;
   }
   picker->setDate(QDate(2023, 12, 31));
-  Click("frmRiseSet", "cmdMeseDopo");
+  Click(Form("frmRiseSet"), "cmdMeseDopo");
   EXPECT_EQ(picker->date(), QDate(2024, 1, 31)) << "into the next year";
-  Click("frmRiseSet", "cmdMeseDopo");
+  Click(Form("frmRiseSet"), "cmdMeseDopo");
   EXPECT_EQ(picker->date(), QDate(2024, 2, 29)) << "the last day of a shorter month";
-  Click("frmRiseSet", "cmdGiornoDopo");
+  Click(Form("frmRiseSet"), "cmdGiornoDopo");
   EXPECT_EQ(Told("frmRiseSet", "lblMoonRise"), "Does not rise");
   EXPECT_EQ(Told("frmRiseSet", "lblMoonRiseAz"), "");
   EXPECT_FALSE(Label("frmRiseSet", "lblAzimuth", 2)->isVisible());
@@ -240,9 +225,9 @@ TEST_F(Panels, AlmanacStepsThroughDaysAndMonths) {
   picker->setDate(QDate(2024, 6, 21));
   EXPECT_EQ(Told("frmRiseSet", "lblSunSet"), "Always above the horizon");
   EXPECT_EQ(FromQ(Control<QWidget>(Form("frmRiseSet"), "picLuna")->toolTip()), "Phase 100%");
-  Click("frmRiseSet", "cmdHelp");
+  Click(Form("frmRiseSet"), "cmdHelp");
   EXPECT_EQ(platform_.helpTopics, std::vector<int>{160});
-  Click("frmRiseSet", "cmdOK");
+  Click(Form("frmRiseSet"), "cmdOK");
   EXPECT_FALSE(IsFormLoaded("frmRiseSet"));
 }
 
@@ -258,15 +243,10 @@ TEST_F(Panels, PlanetTableIsRefreshedByTheTickAndSortedByClicks) {
   const QString altitude = cell(8, 1);
   Tick(1800);
   EXPECT_NE(cell(8, 1), altitude);
-  QHeaderView* const header = list->header();
-  const auto head = [&](int column) {
-    QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
-                      QPoint(header->sectionViewportPosition(column) + 8, header->height() / 2));
-  };
-  head(6);
+  ClickHeading(list, 6);
   EXPECT_EQ(cell(6, 0), "Neptune");
-  EXPECT_EQ(header->sortIndicatorSection(), 6);
-  head(6);
+  EXPECT_EQ(list->header()->sortIndicatorSection(), 6);
+  ClickHeading(list, 6);
   EXPECT_EQ(cell(0, 0), "Neptune");
   Tick(1);
   EXPECT_EQ(cell(0, 0), "Neptune");

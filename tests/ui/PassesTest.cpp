@@ -23,10 +23,6 @@ namespace {
 
 class PassesTest : public RunningProgram {
  protected:
-  PassesTest() {
-    PrimaryDatabase.Erase();
-    ChangeSortKey(Primary, SortKey::Name);
-  }
   ~PassesTest() override { SetPrinterAnswer({}); }
   void Open(int followed) {
     Start(followed);
@@ -35,33 +31,12 @@ class PassesTest : public RunningProgram {
     form_ = dynamic_cast<frmVisibleSatellites*>(LoadedForm("frmVisibleSatellites"));
     ASSERT_NE(form_, nullptr);
   }
-  void Page(int index) {
-    auto* const bar = Control<QTabWidget>(form_, "SSTab1")->tabBar();
-    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(index).center());
-  }
-  void Click(const char* name, int index = -1) {
-    auto* const button = Control<QAbstractButton>(form_, name, index);
-    const bool check = qobject_cast<QCheckBox*>(button) != nullptr;
-    QTest::mouseClick(button, Qt::LeftButton, {}, check ? QPoint(8, button->height() / 2) : QPoint());
-    QCoreApplication::processEvents();
-  }
+  void Page(int index) { ClickTab(Control<QTabWidget>(form_, "SSTab1"), index); }
+  void Click(const char* name, int index = -1) { RunningProgram::Click(form_, name, index); }
   void Choose(const char* combo, int index, int row) {
-    auto* const box = Control<QComboBox>(form_, combo, index);
-    QTest::keyClick(box, Qt::Key_Home);
-    for (int i = 0; i < row; ++i) QTest::keyClick(box, Qt::Key_Down);
-    EXPECT_EQ(box->currentIndex(), row);
+    ChooseEntry(Control<QComboBox>(form_, combo, index), row);
   }
-  void ClickHeading(int index, int column) {
-    QHeaderView* const head = Passes(index)->header();
-    QTest::mouseClick(head->viewport(), Qt::LeftButton, {},
-                      QPoint(head->sectionViewportPosition(column) + 12, 8));
-  }
-  void ClickRow(QAbstractItemView* list, int row, Qt::MouseButton button = Qt::LeftButton) {
-    const QModelIndex index = list->model()->index(row, 0);
-    list->scrollTo(index);
-    QTest::mouseClick(list->viewport(), button, {}, list->visualRect(index).center());
-    QCoreApplication::processEvents();
-  }
+  void ClickHeading(int index, int column) { RunningProgram::ClickHeading(Passes(index), column); }
   void Menu(const char* name) {
     Q_EMIT Control<QMenu>(form_, "mnuFile")->aboutToShow();
     Control<QAction>(form_, name)->trigger();
@@ -75,7 +50,6 @@ class PassesTest : public RunningProgram {
   bool Enabled(const char* name, int index = -1) {
     return Control<QPushButton>(form_, name, index)->isEnabled();
   }
-  std::string LastMessage() { return platform_.messages.empty() ? "" : platform_.messages.back().text; }
   static std::string Word(const char* key) { return LookupText("frmVisibleSatellites", key); }
 
   frmVisibleSatellites* form_ = nullptr;
@@ -175,7 +149,7 @@ TEST_F(PassesTest, AllSatellitesAreSearchedSortedShownAndDetailed) {
   auto* const details = Form("frmDetails");
   EXPECT_TRUE(details->windowTitle().contains(ToQ(List(0).Satellite(7))));
   EXPECT_GT(Control<RowList>(details, "List1")->RowCount(), 10);
-  ClickRow(Passes(0), 7, Qt::RightButton);
+  ClickRow(Passes(0), 7, {}, Qt::RightButton);
   auto* const all = Control<RowList>(details, "List1");
   ASSERT_EQ(all->RowCount(), 3 * count);
   EXPECT_EQ(all->model()->index(3 * 7 + 2, 0).data().toString(), ToQ(report[2]));
@@ -305,7 +279,7 @@ TEST_F(PassesTest, ReportsAndListsAreSavedAndPrinted) {
   Menu("mnuStampa");
   EXPECT_NE(ProgramFolder::Read(FromQ(pdf)).find("/Count 1"), std::string::npos);
   // the whole result goes to paper by way of the window of tables
-  ClickRow(Passes(1), 0, Qt::RightButton);
+  ClickRow(Passes(1), 0, {}, Qt::RightButton);
   pdf = folder + QStringLiteral("/list.pdf");
   window_->RunCommand("mnuFileStampa");
   EXPECT_NE(ProgramFolder::Read(FromQ(pdf)).find("/Type /Page"), std::string::npos);

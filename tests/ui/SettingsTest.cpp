@@ -1,10 +1,8 @@
 // The options dialog, driven by clicks and keys: every option, its key in the store, its effect.
-#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QMouseEvent>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTabBar>
@@ -14,9 +12,6 @@
 #include <limits>
 #include <set>
 
-#include "controls/AnalogClock.h"
-#include "controls/GraphButton.h"
-#include "controls/ProgressBar.h"
 #include "controls/RangeTool.h"
 #include "shell/base/mGlobal.h"
 #include "shell/base/mLang.h"
@@ -523,36 +518,11 @@ TEST_F(SettingsTest, LongWorkKeepsTheOptionsThatItBeganWith) {
   EXPECT_EQ(Options.ConfirmExit, -1) << "nothing of what was chosen is lost";
 }
 
-TEST_F(SettingsTest, TheKeyboardReachesEveryControl) {
+TEST_F(SettingsTest, KeysTurnTabsChooseColoursAndEndTheDialog) {
   Start();
   Open();
-  QTabBar* const bar = Tabs()->tabBar();
-  bar->setFocus();
-  for (int tab = 0; tab < Tabs()->count(); ++tab) {
-    ASSERT_EQ(Tabs()->currentIndex(), tab);
-    std::set<const QWidget*> met;
-    int x = 0, lastTop = -1;
-    for (const QWidget* at = bar; met.insert(at).second; at = QApplication::focusWidget()) {
-      const QPoint place = at->mapTo(form_, QPoint(0, 0));
-      if (at != bar && !at->objectName().startsWith(QLatin1String("cmd")) && place.x() == x) {
-        EXPECT_GE(place.y(), lastTop) << "reading order, tab " << tab << " " << FromQ(at->objectName());
-      }
-      x = place.x();
-      lastTop = place.y();
-      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    }
-    for (const QWidget* const control : form_->findChildren<QWidget*>())
-      if (control->isVisible() && control->isEnabled() && control->focusPolicy() & Qt::TabFocus &&
-          control->focusProxy() == nullptr) {
-        EXPECT_TRUE(met.contains(control)) << "tab " << tab << " " << FromQ(control->objectName());
-      }
-    for (const QWidget* const control : met) {
-      QAccessibleInterface* const told = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(control));
-      EXPECT_TRUE(control == bar || !told->text(QAccessible::Name).isEmpty()) << FromQ(control->objectName());
-    }
-    bar->setFocus();
-    QTest::keyClick(bar, Qt::Key_Down);
-  }
+  QTest::keyClick(Tabs()->tabBar(), Qt::Key_Down);
+  EXPECT_EQ(Tabs()->currentIndex(), 1);
   platform_.chosenColours = {7};
   auto* const area = Control<ColourArea>(form_, "lblAreaColoreOrbita1");
   QTest::keyClick(area, Qt::Key_Space);
@@ -565,126 +535,6 @@ TEST_F(SettingsTest, TheKeyboardReachesEveryControl) {
   QTest::keyClick(Control<QCheckBox>(form_, "chkConfermaUscita"), Qt::Key_Space);
   QTest::keyClick(Control<QCheckBox>(form_, "chkConfermaUscita"), Qt::Key_Return);
   EXPECT_EQ(Options.ConfirmExit, -1);
-}
-
-TEST(ControlProperties, HaveTheirNamesAndFirstValues) {
-  const struct {
-    QObject* control;
-    const char* name;
-    QVariant first;
-  } rows[] = {
-      {new GraphButton(), "PicturePosition", 1},
-      {new GraphButton(), "PictureWidth", 16},
-      {new GraphButton(), "PictureHeight", 16},
-      {new GraphButton(), "PictureSize", 0},
-      {new GraphButton(), "Enabled", true},
-      {new GraphButton(), "MousePointer", 0},
-      {new GraphButton(), "Caption", QString()},
-      {new ProgressBar(), "Enabled", true},
-      {new ProgressBar(), "Value", 0.0},
-      {new ProgressBar(), "MousePointer", 0},
-      {new RangeTool(), "Min", 0.0},
-      {new RangeTool(), "Max", 100.0},
-      {new RangeTool(), "LowerValue", 25.0},
-      {new RangeTool(), "UpperValue", 75.0},
-      {new RangeTool(), "LowerVisible", true},
-      {new RangeTool(), "UpperVisible", true},
-      {new RangeTool(), "LowerLocked", false},
-      {new RangeTool(), "UpperLocked", false},
-      {new RangeTool(), "BorderStyle", 4},
-      {new AnalogClock(), "Value", 0.0},
-  };
-  for (const auto& row : rows) {
-    EXPECT_EQ(row.control->property(row.name), row.first) << row.name;
-    EXPECT_TRUE(row.control->setProperty(row.name, row.first)) << row.name;
-    delete row.control;
-  }
-  GraphButton button;
-  button.setProperty("ForeColor", QColor(1, 2, 3));
-  button.setProperty("MousePointer", 11);
-  EXPECT_EQ(button.ForeColor(), QColor(1, 2, 3));
-  EXPECT_EQ(button.cursor().shape(), Qt::WaitCursor);
-}
-
-// The range tool by itself: 214 pixels wide, so that a pixel of its way is half a unit of 0 to 100.
-
-class Range : public testing::Test {
- protected:
-  Range() {
-    tool_.resize(214, 40);
-    tool_.show();
-    QObject::connect(&tool_, &RangeTool::Change,
-                     [this](double lower, double upper) { changes_.emplace_back(lower, upper); });
-  }
-  void Drag(const char* thumb, int pixels) {
-    auto* const held = Control<QWidget>(&tool_, thumb);
-    const QPoint start(5, 8);
-    QTest::mousePress(held, Qt::LeftButton, {}, start);
-    QMouseEvent move(QEvent::MouseMove, start + QPoint(pixels, 0),
-                     held->mapToGlobal(start + QPoint(pixels, 0)), Qt::NoButton, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(held, &move);
-    QTest::mouseRelease(held, Qt::LeftButton, {}, start);
-  }
-  std::pair<double, double> Values() const { return {tool_.LowerValue(), tool_.UpperValue()}; }
-
-  RangeTool tool_;
-  std::vector<std::pair<double, double>> changes_;
-};
-
-TEST_F(Range, ThumbsAreDraggedWithinTheTrackAndNotPastEachOther) {
-  EXPECT_EQ(Values(), std::pair(25.0, 75.0));
-  EXPECT_EQ(Control<QWidget>(&tool_, "picBottom")->x(), 50);
-  const struct {
-    const char* thumb;
-    int pixels;
-    double lower, upper;
-  } rows[] = {{"picBottom", 21, 36, 75}, {"picTop", -30, 36, 60},   {"picBottom", 1000, 60, 60},
-              {"picTop", -1000, 60, 60}, {"picTop", 5000, 60, 100}, {"picBottom", -5000, 0, 100},
-              {"picBottom", 0, 0, 100}};
-  for (const auto& row : rows) {
-    Drag(row.thumb, row.pixels);
-    EXPECT_EQ(Values(), std::pair(row.lower, row.upper)) << row.thumb << " " << row.pixels;
-    EXPECT_EQ(changes_.empty() ? Values() : changes_.back(), Values());
-  }
-  EXPECT_EQ(changes_.size(), 5U) << "a value that does not move is not told";
-  QTest::mouseMove(Control<QWidget>(&tool_, "picTop"), QPoint(0, 5));
-  EXPECT_EQ(Values(), std::pair(0.0, 100.0)) << "only a held thumb moves";
-}
-
-TEST_F(Range, LockedThumbsStay) {
-  tool_.SetLowerLocked(true);
-  Drag("picBottom", 30);
-  QTest::keyClick(Control<QWidget>(&tool_, "picBottom"), Qt::Key_Right);
-  Control<RangeThumb>(&tool_, "picBottom")->TakeTold(3);
-  EXPECT_EQ(Values(), std::pair(25.0, 75.0));
-  Drag("picTop", 20);
-  EXPECT_EQ(Values(), std::pair(25.0, 85.0));
-  EXPECT_TRUE(QTest::qWaitForWindowExposed(&tool_));
-}
-
-TEST_F(Range, KeysAndOddValuesStopAtTheLimits) {
-  auto* const lower = Control<QWidget>(&tool_, "picBottom");
-  const std::pair<Qt::Key, double> keys[] = {{Qt::Key_Right, 26},  {Qt::Key_Up, 27},       {Qt::Key_Left, 26},
-                                             {Qt::Key_PageUp, 36}, {Qt::Key_PageDown, 26}, {Qt::Key_Home, 0},
-                                             {Qt::Key_Left, 0},    {Qt::Key_End, 75},      {Qt::Key_Up, 75}};
-  for (const auto& [key, value] : keys) {
-    QTest::keyClick(lower, key);
-    EXPECT_EQ(tool_.LowerValue(), value) << key;
-  }
-  QAccessibleInterface* const told = QAccessible::queryAccessibleInterface(lower);
-  EXPECT_EQ(told->valueInterface()->maximumValue().toDouble(), 75);
-  told->valueInterface()->setCurrentValue(12.0);
-  EXPECT_EQ(told->text(QAccessible::Value), QStringLiteral("12"));
-  tool_.SetLowerValue(std::numeric_limits<double>::quiet_NaN());
-  EXPECT_EQ(tool_.LowerValue(), 0);
-  tool_.SetUpperValue(1e300);
-  EXPECT_EQ(tool_.UpperValue(), 100);
-  tool_.SetRange(10, -5);
-  EXPECT_EQ(Values(), std::pair(10.0, 10.0));
-  Drag("picTop", 50);
-  tool_.resize(5, 5);
-  Drag("picBottom", 50);
-  EXPECT_EQ(Values(), std::pair(10.0, 10.0));
 }
 
 }  // namespace

@@ -5,20 +5,17 @@
 #include <QAbstractItemView>
 #include <QMdiSubWindow>
 #include <QMenu>
-#include <QMouseEvent>
 #include <QTabWidget>
 #include <vector>
 
-#include "maps/qtSurface.h"
 #include "shell/base/mGlobal.h"
-#include "tests/fakes/FakeForms.h"
+#include "tests/fakes/ChartProgram.h"
 #include "tests/fakes/FoundPass.h"
-#include "tests/fakes/RunningProgram.h"
 
 namespace halvorine {
 namespace {
 
-class SkySatWindow : public RunningProgram {
+class SkySatWindow : public ChartProgram {
  protected:
   SkySatWindow() { Start(3); }
   /// A chart of the next pass of an active satellite, the way a list of passes opens it.
@@ -30,19 +27,9 @@ class SkySatWindow : public RunningProgram {
   }
   static SurfaceWidget* Picture(QWidget* chart) { return Control<SurfaceWidget>(chart, "Picture1"); }
   static QImage Shown(QWidget* chart) { return Picture(chart)->grab().toImage(); }
-  /// Opens the popup of a chart by the right button and chooses an item, in a submenu where it has one.
   void Choose(QWidget* chart, const char* item, const char* submenu = nullptr) {
-    QTest::mouseClick(Picture(chart), Qt::RightButton, {}, QPoint(9, 9));
-    QMenu* menu = Menu("mnuSkySat");
-    ASSERT_TRUE(menu->isVisible());
-    if (submenu != nullptr) {
-      menu->setActiveAction(Item(submenu));
-      QTest::keyClick(menu, Qt::Key_Right);
-      menu = Menu(submenu);
-    }
-    ASSERT_TRUE(menu->isVisible()) << item;
-    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(Item(item)).center());
-    QCoreApplication::processEvents();
+    Take(chart);
+    ChooseIn("mnuSkySat", item, submenu);
   }
   CallLog log_;
 };
@@ -137,25 +124,14 @@ TEST_F(SkySatWindow, MagnitudeRedrawAndCloseAddressTheChartThatAsked) {
 
 TEST_F(SkySatWindow, TimeMarkIsDraggedOutOfTheTrack) {
   QWidget* const chart = Open();
-  SurfaceWidget* const picture = Picture(chart);
+  Take(chart);
   PassView same = EmptyPassView();
   TakePass(same, FirstPass(1, false).value());
   const TrackPoint& point = same.Sky.Track.Points[same.Sky.Track.Points.size() / 2];
-  const auto at = [picture](double x, double y) {
-    return QPoint(qRound((x + 100) / 200 * picture->width()), qRound((100 - y) / 200 * picture->height()));
-  };
-  const QPoint on = at(static_cast<double>(point.X), static_cast<double>(point.Y)), centre = at(0, 0);
+  const QPoint on = At(static_cast<double>(point.X), static_cast<double>(point.Y)), centre = At(0, 0);
   const QImage before = Shown(chart);
-  const auto drag = [&](QPoint from, QPoint to) {
-    QTest::mousePress(picture, Qt::LeftButton, {}, from);
-    QMouseEvent move(QEvent::MouseMove, to, picture->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
-    QApplication::sendEvent(picture, &move);
-    const QImage shown = Shown(chart);
-    QTest::mouseRelease(picture, Qt::LeftButton, {}, to);
-    return shown;
-  };
-  EXPECT_EQ(drag(on + QPoint(0, 60), centre), before) << "away from the track nothing is dragged";
-  EXPECT_NE(drag(on, centre), before) << "a line follows the mouse";
+  EXPECT_EQ(Drag(on + QPoint(0, 60), centre), before) << "away from the track nothing is dragged";
+  EXPECT_NE(Drag(on, centre), before) << "a line follows the mouse";
   const QImage marked = Shown(chart);
   EXPECT_NE(marked, before);
   Choose(chart, "mnuSkySatRidisegnaMappa");
@@ -184,22 +160,15 @@ TEST_F(SkySatWindow, PassListOpensOneChartForEachPassAndStaysAsItWas) {
   Item("mnuSatellitiPrevisioniPassaggi")->trigger();
   QCoreApplication::processEvents();
   QWidget* const list = Form("frmVisibleSatellites");
-  auto* const pages = Control<QTabWidget>(list, "SSTab1");
-  QTest::mouseClick(pages->tabBar(), Qt::LeftButton, {}, pages->tabBar()->tabRect(1).center());
-  const auto click = [list](const char* name) {
-    QTest::mouseClick(Control<QAbstractButton>(list, name, 1), Qt::LeftButton);
-    QCoreApplication::processEvents();
-  };
-  click("cmdOK");
+  ClickTab(Control<QTabWidget>(list, "SSTab1"), 1);
+  Click(list, "cmdOK", 1);
   auto* const passes = Control<QAbstractItemView>(list, "lvwPass", 1);
   auto* const report = Control<QAbstractItemView>(list, "lstPass", 1);
   ASSERT_GE(passes->model()->rowCount(), 2);
   for (const int row : {0, 1}) {
     WorkArea()->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(list->parentWidget()));
-    const QModelIndex index = passes->model()->index(row, 0);
-    passes->scrollTo(index);
-    QTest::mouseClick(passes->viewport(), Qt::LeftButton, {}, passes->visualRect(index).center());
-    click("cmdMappa");
+    ClickRow(passes, row);
+    Click(list, "cmdMappa", 1);
     const auto chart = QStringLiteral("frmSkySat%1").arg(row + 1).toLatin1();
     ASSERT_TRUE(IsFormLoaded(chart.constData()));
     // date, time and the rest of the report's rows, against the panel beside the chart

@@ -25,20 +25,9 @@ namespace {
 
 class TableTest : public RunningProgram {
  protected:
-  TableTest() {
-    for (const int index : {Primary, Secondary}) {
-      DatabaseOf(index).Erase();  // what the test before has read
-      ChangeSortKey(index, SortKey::Name);
-    }
-    Start(3);
-  }
+  TableTest() { Start(3); }
   ~TableTest() override { SetPrinterAnswer({}); }
 
-  void Run(const char* command) {
-    ASSERT_TRUE(Item(command)->isEnabled()) << command;
-    Item(command)->trigger();
-    QCoreApplication::processEvents();
-  }
   /// Opens a dialog with the sample loaded.
   template <class Form>
   Form* Open(const char* command, const char* name) {
@@ -56,21 +45,10 @@ class TableTest : public RunningProgram {
     auto* const list = Control<RowList>(form, "lstDatabase", index);
     Control<QTabWidget>(form, "SSTab1")->setCurrentIndex(index);
     QCoreApplication::processEvents();
-    const QModelIndex at = list->model()->index(row, 0);
-    list->scrollTo(at);
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(at).center());
+    RunningProgram::ClickRow(list, row);
   }
-  static void Click(QWidget* form, const char* button) {
-    auto* const control = Control<QAbstractButton>(form, button);
-    QTest::mouseClick(control, Qt::LeftButton, {}, QPoint(8, control->height() / 2));
-    QCoreApplication::processEvents();
-  }
-  /// Chooses a row of a combo box by keys.
   static void Choose(QWidget* form, const char* name, int row) {
-    auto* const box = Control<QComboBox>(form, name);
-    QTest::keyClick(box, Qt::Key_Home);
-    for (int i = 0; i < row; ++i) QTest::keyClick(box, Qt::Key_Down);
-    EXPECT_EQ(box->currentIndex(), row) << name;
+    ChooseEntry(Control<QComboBox>(form, name), row);
   }
   frmDetails* Details() { return window_->findChild<frmDetails*>(); }
   QStringList Rows() {
@@ -79,7 +57,6 @@ class TableTest : public RunningProgram {
     for (int row = 0; row < model->rowCount(); ++row) rows << model->index(row, 0).data().toString();
     return rows;
   }
-  std::string LastText() const { return platform_.messages.empty() ? "" : platform_.messages.back().text; }
   std::string SaveAs(const char* name) {
     platform_.chosenFiles = {folder_.Path(name)};
     Details()->Salva();
@@ -103,7 +80,7 @@ TEST_F(TableTest, TableIsMadeOfWhatTheDialogSaysAndTheDialogHides) {
   EXPECT_EQ(Control<RowList>(form, "lstDatabase", 1)->RowCount(), 0);
   EXPECT_EQ(DateOf(Control<QDateTimeEdit>(form, "DTPicker1")->dateTime()), AddSeconds(CurrentDate, 0));
   Click(form, "cmdOK");
-  EXPECT_EQ(LastText(), LookupText("frmCalc", "selezionaresatellite"));
+  EXPECT_EQ(LastMessage(), LookupText("frmCalc", "selezionaresatellite"));
   EXPECT_EQ(platform_.messages.back().kind, MessageKind::Information);
   EXPECT_TRUE(form->isVisible());
   ClickRow(form, 0, 1);
@@ -157,7 +134,7 @@ TEST_F(TableTest, RightButtonOnTheBodyLeavesOutWhatIsBelowTheHorizon) {
 TEST_F(TableTest, TwoSatellitesAreComparedUnlessTheyAreOne) {
   frmRelative* const form = OpenRelative();
   Click(form, "cmdOK");
-  EXPECT_EQ(LastText(), LookupText("frmRelative", "selezionaresatelliti"));
+  EXPECT_EQ(LastMessage(), LookupText("frmRelative", "selezionaresatelliti"));
   ClickRow(form, 0, 0);
   Click(form, "cmdOK");
   EXPECT_EQ(platform_.messages.size(), 2U);
@@ -165,7 +142,7 @@ TEST_F(TableTest, TwoSatellitesAreComparedUnlessTheyAreOne) {
       << "the page without a choice is turned to";
   ClickRow(form, 1, 0);
   Click(form, "cmdOK");
-  EXPECT_EQ(LastText(), LookupText("frmRelative", "satelliticoincidenti"));
+  EXPECT_EQ(LastMessage(), LookupText("frmRelative", "satelliticoincidenti"));
   // the same entry of the other database is another one
   Choose(form, "cmbDatabase(1)", 1);
   EXPECT_EQ(Control<RowList>(form, "lstDatabase", 1)->RowCount(), 0);
@@ -200,7 +177,7 @@ TEST_F(TableTest, CommandsNeedADatabaseAndFollowOneThatIsReadAnew) {
   Database_satelliti(folder_.Path("other.txt"));
   platform_.messages.clear();
   Click(form, "cmdOK");
-  EXPECT_EQ(LastText(), LookupText("frmCalc", "selezionaresatellite"))
+  EXPECT_EQ(LastMessage(), LookupText("frmCalc", "selezionaresatellite"))
       << "the chosen row is another satellite now";
   EXPECT_EQ(Details(), nullptr);
   Run("mnuSatellitiCalcoloEffemeridi");
@@ -226,7 +203,7 @@ TEST_F(TableTest, TableIsSavedAsTextAndAsCsvWithPlaceAndZone) {
   Details()->BeginRows("");
   Details()->AddRow("one  two");
   EXPECT_EQ(SaveAs("table.txt"), wanted) << "a disk that is full loses nothing";
-  EXPECT_TRUE(LastText().starts_with(LookupText("Dialogs", "nonsalvato")));
+  EXPECT_TRUE(LastMessage().starts_with(LookupText("Dialogs", "nonsalvato")));
   platform_.refuseWriting = false;
   EXPECT_EQ(SaveAs("rows.csv"), "one,two\r\nItaly: Milano - Times in zone UTC+02:00\r\n");
 }
@@ -278,7 +255,7 @@ TEST_F(TableTest, PrinterThatFailsIsToldAndACancelIsNot) {
     PrintTo(path);
     platform_.messages.clear();
     Details()->Stampa();
-    EXPECT_EQ(LastText(), LookupText("frmPreview", "nonstampato")) << path.toStdString();
+    EXPECT_EQ(LastMessage(), LookupText("frmPreview", "nonstampato")) << path.toStdString();
   }
 }
 
@@ -303,7 +280,7 @@ TEST_F(TableTest, CancelsAndClosedWindowsEndATableAndRestoreTheClock) {
   platform_.onYield = [this] {
     platform_.onYield = nullptr;
     Details()->Genera_elenco(1, CurrentDate, CurrentDate, platform_.clockUtc, ObserverTable);
-    EXPECT_EQ(LastText(), LookupText("MDIForm1", "comandoincorso"));
+    EXPECT_EQ(LastMessage(), LookupText("MDIForm1", "comandoincorso"));
     LoadedForm("frmDetails")->Unload();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   };
@@ -332,7 +309,7 @@ TEST_F(TableTest, ElementsWithoutAPositionAreTold) {
   ClickRow(form, 0, 0);
   platform_.messages.clear();
   Click(form, "cmdOK");
-  EXPECT_EQ(LastText(), LookupText("frmDetails", "noncalcolabile"));
+  EXPECT_EQ(LastMessage(), LookupText("frmDetails", "noncalcolabile"));
   EXPECT_EQ(Rows().size(), 10) << "a head and a blank row";
 }
 

@@ -30,8 +30,8 @@ class TimeWindow : public RunningProgram {
   QDateTimeEdit* Picker() { return Control<QDateTimeEdit>(Form("frmTime"), "DTPicker1"); }
   QLabel* Label(const char* name) { return Control<QLabel>(Form("frmTime"), name); }
   std::string Told(const char* name) { return FromQ(Label(name)->text()); }
-  void Click(const char* name) { QTest::mouseClick(Button(name), Qt::LeftButton); }
-  void Simulate() { QTest::mouseClick(Switch(), Qt::LeftButton, {}, QPoint(8, Switch()->height() / 2)); }
+  void Click(const char* name) { RunningProgram::Click(Form("frmTime"), name); }
+  void Simulate() { Click("chkUsaOraPc"); }
   /// Real time, simulation that stands, simulation that runs.
   void ExpectState(const char* text, bool play, bool stop, bool start) {
     EXPECT_EQ(Told("lblStato"), text);
@@ -41,10 +41,6 @@ class TimeWindow : public RunningProgram {
     EXPECT_EQ(Label("lblOraInizioSimulazione")->isVisible(), start) << text;
     EXPECT_EQ(Switch()->isChecked(), !start) << text;
     EXPECT_EQ(TickEnabled, !play) << text;
-  }
-  void Tick(double seconds = 1) {
-    platform_.clockUtc = AddSeconds(platform_.clockUtc, seconds);
-    tmrCentrale_Timer();
   }
 };
 
