@@ -1,5 +1,5 @@
-// The pictures of the world map: the file of the program folder that is in use, for a globe takes five MiB and
-// a day of the principal satellite shows them all, and icons by their agreed numbers.
+// The pictures of the world map: the file of the program folder that is in use, for a globe takes five MiB
+// and a day of the principal satellite shows them all, and icons by their agreed numbers.
 #pragma once
 
 #include <map>

@@ -5,6 +5,7 @@
 #include <QCompleter>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
@@ -146,7 +147,7 @@ TEST_F(LocationWindowTest, ClosingDuringTheReadEndsItAndALongCommandForbidsTheOp
 TEST_F(LocationWindowTest, ANewPlaceIsCheckedAskedForAndStored) {
   Open();
   Click(form_, "cmdNuova");
-  QWidget* const dialog = Dialog();
+  const QPointer<QWidget> dialog = Dialog();
   EXPECT_TRUE(dialog->isVisible());
   Click(dialog, "cmdOK");
   EXPECT_EQ(platform_.messages.back().kind, MessageKind::Warning);
@@ -180,7 +181,7 @@ TEST_F(LocationWindowTest, ANewPlaceIsCheckedAskedForAndStored) {
   EXPECT_EQ(
       platform_.messages.back().text,
       "Save the place with these values?\nLatitude= -33.500°\nLongitude= 151.000°\nTime zone= 1.5 hours");
-  EXPECT_FALSE(dialog->isVisible());
+  EXPECT_TRUE(dialog == nullptr || !dialog->isVisible());
   EXPECT_EQ(Combo("cmbCity")->currentText(), QStringLiteral("Home, hill 7"));
   EXPECT_EQ(TextOf("lblLatitude"), QStringLiteral("-33.500°"));
   Click(form_, "cmdOK");
