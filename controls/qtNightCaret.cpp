@@ -4,10 +4,12 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QInputMethod>
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QStyleHints>
+#include <utility>
 
 #include "controls/qtLook.h"
 
@@ -36,6 +38,13 @@ QWidget* GroundOf(QWidget* field) {
   return text->viewport();
 }
 
+/// Shows the toolkit's own cursor or leaves it out, as an input method with a cursor of its own asks for it: at
+/// a broken scale a cursor without width is a line all the same.
+void ShowOwnCursor(QWidget* field, bool shown) {
+  QInputMethodEvent event({}, {{QInputMethodEvent::Cursor, 0, shown ? 1 : 0}});
+  QCoreApplication::sendEvent(field, &event);
+}
+
 class Caret : public QWidget {
  public:
   explicit Caret(QWidget* ground) : QWidget(ground) {
@@ -60,7 +69,11 @@ NightCaret::NightCaret(QObject* parent) : QObject(parent) {
 void NightCaret::Follow() {
   QWidget* const field = FieldOf(QApplication::focusWidget());
   QWidget* const ground = GroundOf(field);
-  if (ground == nullptr || !IsNight(ground->palette())) {
+  const bool night = ground != nullptr && IsNight(ground->palette());
+  QWidget* const former = std::exchange(without_, night ? field : nullptr);
+  if (former != nullptr && former != without_) ShowOwnCursor(former, true);
+  if (without_ != nullptr && former != without_) ShowOwnCursor(without_, false);
+  if (!night) {
     delete caret_;
     blink_.stop();
     return;

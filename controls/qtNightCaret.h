@@ -22,6 +22,7 @@ class NightCaret : public QObject {
   void Blink();
 
   QPointer<QWidget> caret_;
+  QPointer<QWidget> without_;  // the field whose own cursor is left out
   QTimer blink_;
 };
 
