@@ -24,7 +24,9 @@ constexpr int activeWidth = 290;  // logical pixels, at the first size of the wi
 /// A frame whose caption, the path of a file, does not widen it: the style shows the middle of it as dots.
 class PathFrame : public QGroupBox {
  public:
-  QSize minimumSizeHint() const override { return QWidget::minimumSizeHint(); }
+  QSize minimumSizeHint() const override {
+    return layout() == nullptr ? QSize() : layout()->totalMinimumSize();
+  }
 };
 
 QLabel* Caption(const QString& text) {

@@ -13,9 +13,9 @@ namespace halvorine {
 
 namespace {
 
-constexpr double step = 10, fineStep = 1;  // of an arrow, logical pixels
-constexpr double panShare = 0.25;          // of the view
-constexpr double armFrom = 4, armTo = 11;  // of the cross, logical pixels
+constexpr double arrowStep = 10, fineArrowStep = 1;  // of an arrow, logical pixels
+constexpr double panShare = 0.25;                    // of the view
+constexpr double armFrom = 4, armTo = 11;            // of the cross, logical pixels
 
 /// The way of an arrow key, right and down; nothing for another key.
 std::optional<QPointF> WayOf(int key) {
@@ -105,7 +105,7 @@ bool SurfaceWidget::PointerKey(const QKeyEvent& event) {
       break;
   }
   const std::optional<QPointF> way = WayOf(event.key());
-  if (way) MovePointer(*way * (event.modifiers().testFlag(Qt::ShiftModifier) ? fineStep : step));
+  if (way) MovePointer(*way * (event.modifiers().testFlag(Qt::ShiftModifier) ? fineArrowStep : arrowStep));
   return way.has_value();
 }
 
