@@ -1,9 +1,10 @@
 // A day of the running program, second by second on a set clock, with map, charts and panels open: what it
 // has left behind at the end.
+#include <malloc.h>
+
 #include <QApplication>
 #include <QEvent>
 #include <QTimer>
-#include <cmath>
 #include <map>
 #include <memory>
 
@@ -30,6 +31,12 @@ int Seconds() {
 }
 constexpr const char* shown[] = {"frmWorldMap", "frmLocalSky", "frmGeneralSky", "frmSatellite", "frmTrack",
                                  "frmPlanets",  "frmFloating", "frmTime",       "frmDatabase"};
+
+/// What is allocated, MiB; what other figures have freed and left in pieces does not count.
+double MemoryInUse() {
+  const auto info = mallinfo2();
+  return static_cast<double>(info.uordblks + info.hblkhd) / 1048576;
+}
 
 /// What a day has left behind.
 struct Remains {
@@ -65,9 +72,9 @@ class Day {
     PassOnBothMaps(2 * secondsToRebuild);
     const auto before = Pictures();
     PassOnBothMaps(2 * secondsToRebuild);
-    const double objects = Objects(), memory = ProcessMemory("VmRSS");
+    const double objects = Objects(), memory = MemoryInUse();
     PassOnBothMaps(Seconds() / 2);
-    Remains remains{.MiB = ProcessMemory("VmRSS") - memory, .Objects = Objects() - objects};
+    Remains remains{.MiB = MemoryInUse() - memory, .Objects = Objects() - objects};
     for (const auto& [name, picture] : Pictures())
       if (picture != before.at(name)) ++remains.Pictures;
     return remains;
