@@ -38,8 +38,8 @@ QWidget* GroundOf(QWidget* field) {
   return text->viewport();
 }
 
-/// Shows the toolkit's own cursor or leaves it out, as an input method with a cursor of its own asks for it: at
-/// a broken scale a cursor without width is a line all the same.
+/// Shows the toolkit's own cursor or leaves it out, as an input method with a cursor of its own asks for it:
+/// at a broken scale a cursor without width is a line all the same.
 void ShowOwnCursor(QWidget* field, bool shown) {
   QInputMethodEvent event({}, {{QInputMethodEvent::Cursor, 0, shown ? 1 : 0}});
   QCoreApplication::sendEvent(field, &event);
