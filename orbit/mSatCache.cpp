@@ -88,6 +88,10 @@ void MakeTerms(const ElementSet& set, SlotTerms& terms) {
   terms.modelFails = !Attempt([&] { InitModel(terms); });
   terms.d0 = terms.elements.Epoch - 2447891.5;
   terms.theta0 = 99.4033 * DegToRad + terms.d0 * earthSpinPerDay;
+  terms.sunAnomaly = (0.98560027 * terms.d0 + 356.6349) * DegToRad;
+  terms.sunLongitude = 99.4033 * DegToRad + terms.d0 * 0.017202791 + Pi;
+  terms.motionChange.reset();
+  Attempt([&] { terms.motionChange = Div(terms.elements.NDot, terms.elements.N0); });
   terms.valid = true;
 }
 

@@ -2,6 +2,8 @@
 // them changes; and the elevation without the rest of the state. Nothing here changes a bit of any result.
 #pragma once
 
+#include <optional>
+
 #include "orbit/mSatModels.h"
 #include "orbit/mSearch.h"
 
@@ -18,6 +20,8 @@ struct SlotTerms {
   bool deep = false;
   bool modelFails = false;  // the model fails for this set at every instant
   double d0 = 0, theta0 = 0;
+  double sunAnomaly = 0, sunLongitude = 0;  // their parts that the epoch alone decides, radians
+  std::optional<double> motionChange;       // change of the mean motion over the mean motion
   Plan13Terms plan13;
   SgpTerms sgp;
   Sgp4Terms sgp4;

@@ -72,7 +72,8 @@ void ViewFromObserver(SatelliteState& state, StateScratchRecord& k) {
   Attempt([&] { state.RangeRate = Finite(Dot(k.relativeVelocity, k.u)); });
 }
 
-void OsculatingOrbit(const ElementSet& set, SatelliteState& state, StateScratchRecord& k) {
+void OsculatingOrbit(const ElementSet& set, const SlotTerms& terms, SatelliteState& state,
+                     StateScratchRecord& k) {
   const Vector& r = PositionKm;
   const Vector& v = VelocityKmS;
   const double radius = std::sqrt(Dot(r, r));
@@ -104,7 +105,7 @@ void OsculatingOrbit(const ElementSet& set, SatelliteState& state, StateScratchR
 
   const WorkingElementsRecord& w = WorkingElements;
   k.x = w.N0 * k.dt * 1440;
-  Attempt([&] { k.y = Finite(Div(w.NDot, w.N0) * k.dt * 1440 + 1); });
+  if (terms.motionChange) Attempt([&] { k.y = Finite(*terms.motionChange * k.dt * 1440 + 1); });
   Attempt([&] { state.OrbitNumber = Finite((k.x * k.y + w.M0) / TwoPi + set.RevolutionNumber); });
 }
 
@@ -138,10 +139,9 @@ void SubPoint(SatelliteState& state, const StateScratchRecord& k) {
 }
 
 /// The Sun's place and the satellite's condition. The shadow is a cylinder without penumbra.
-void SunAndCondition(SatelliteState& state, StateScratchRecord& k) {
-  k.m = (0.98560027 * k.d0 + 356.6349) * DegToRad + 0.98560027 * k.dt * DegToRad;
-  k.lon = 99.4033 * DegToRad + k.d0 * 0.017202791 + Pi + 0.017202791 * k.dt + 0.03343 * std::sin(k.m) +
-          0.00034 * std::sin(2 * k.m);
+void SunAndCondition(const SlotTerms& terms, SatelliteState& state, StateScratchRecord& k) {
+  k.m = terms.sunAnomaly + 0.98560027 * k.dt * DegToRad;
+  k.lon = terms.sunLongitude + 0.017202791 * k.dt + 0.03343 * std::sin(k.m) + 0.00034 * std::sin(2 * k.m);
   constexpr double eps = 23.4406 * DegToRad;
   k.S = {std::cos(k.lon), std::sin(k.lon) * std::cos(eps), std::sin(k.lon) * std::sin(eps)};
   Attempt([&] { k.q = Finite(Div(-Dot(k.S, PositionKm), state.GeocentricRadius)); });
@@ -191,10 +191,10 @@ void ComputeSatelliteState(int slot, double julianDay) {
   PlaceObserver(k);
   RotateToEarth(terms, julianDay, k);
   ViewFromObserver(state, k);
-  OsculatingOrbit(set, state, k);
+  OsculatingOrbit(set, terms, state, k);
   LookAngles(state, k);
   SubPoint(state, k);
-  SunAndCondition(state, k);
+  SunAndCondition(terms, state, k);
   PhaseAndMagnitude(terms, state, k);
 }
 
