@@ -10,8 +10,6 @@
 #include "maps/qtSurface.h"
 #include "orbit/mSatTexts.h"
 #include "shell/base/mGlobal.h"
-#include "shell/base/mLang.h"
-#include "shell/base/mPlatform.h"
 #include "sky/mStars.h"
 #include "sky/qtPage.h"
 #include "sky/qtSkyPoints.h"
